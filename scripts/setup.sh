@@ -1,0 +1,37 @@
+# Sourced by the other scripts: installs what a fresh Debian 12 machine lacks.
+# Packages are installed with apt-get only when missing.
+
+SIGNALTREELIST_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+# ensure_packages PKG... : apt-get install the packages that are not installed.
+ensure_packages() {
+    local missing=()
+    local pkg
+    for pkg in "$@"; do
+        if ! dpkg-query -W -f='${Status}' "$pkg" 2>/dev/null | grep -q "install ok installed"; then
+            missing+=("$pkg")
+        fi
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing missing packages: ${missing[*]}"
+    local sudo=()
+    if [ "$(id -u)" -ne 0 ]; then
+        sudo=(sudo)
+    fi
+    "${sudo[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# The tool chain, Qt 5 and a font for headless rendering.
+ensure_build_packages() {
+    ensure_packages cmake ninja-build g++ pkg-config binutils \
+        qtbase5-dev qtbase5-dev-tools fonts-dejavu-core
+}
+
+# configure_and_build BUILD_DIR [CMAKE_ARGS...]
+configure_and_build() {
+    local build_dir=$1
+    shift
+    cmake -S "$SIGNALTREELIST_ROOT" -B "$build_dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@"
+    cmake --build "$build_dir" -j "$(nproc)"
+}

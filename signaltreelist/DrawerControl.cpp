@@ -1,0 +1,531 @@
+#include "DrawerControl.h"
+
+#include "NodeInfoTrace.h"
+#include "RootItem.h"
+#include "SecondItem.h"
+#include "StyleConstants.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
+#include <QFont>
+#include <QFrame>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPen>
+#include <QPixmap>
+#include <QVBoxLayout>
+
+DrawerControl::DrawerControl(QWidget *parent)
+    : CLanguageTranslateFrame(parent)
+    , m_pRootItem(nullptr)
+    , m_bIsLockSel(false)
+    , m_bIsRootSel(true)
+    , m_bIsRootAsChild(false)
+    , m_bSpareFlag(false)
+    , m_ptDragStart(0, 0)
+    , m_iRootIndex(-1)
+    , m_iCurSecondIndex(-1)
+    , m_bIsDrag(false)
+    , m_bIsShowChild(false)
+    , m_pMainLayout(nullptr)
+    , m_pChildLayout(nullptr)
+    , m_pContainer(nullptr)
+    , m_pDrag(nullptr)
+{
+    setIsDrag(false);
+}
+
+DrawerControl::~DrawerControl()
+{
+    qDebug() << "[Tarn]::DrawerControl::~DrawerControl()";
+    // The toolkit owns the drag object once it has run; never delete it here.
+    m_pDrag = nullptr;
+}
+
+void DrawerControl::initRootItem(int itemType, int rootIndex)
+{
+    m_iRootIndex = rootIndex;
+
+    m_pMainLayout = new QVBoxLayout(this);
+    m_pMainLayout->setMargin(0);
+    m_pMainLayout->setSpacing(0);
+    m_pMainLayout->setContentsMargins(10, 0, 10, 0);
+
+    m_pRootItem = new RootItem(this);
+    m_pRootItem->initItem(itemType, rootIndex);
+
+    m_pContainer = new QFrame(this);
+    m_pContainer->setObjectName(QStringLiteral("DrawerContainer"));
+    m_pContainer->setAcceptDrops(true);
+
+    m_pChildLayout = new QVBoxLayout(m_pContainer);
+    m_pChildLayout->setMargin(0);
+    m_pChildLayout->setSpacing(8);
+    m_pChildLayout->setContentsMargins(24, 0, 0, 0);
+
+    m_pMainLayout->addWidget(m_pRootItem);
+    m_pMainLayout->addWidget(m_pContainer);
+
+    connect(m_pRootItem, SIGNAL(signal_OnIsShowChildItems(bool)), this,
+            SLOT(slot_OnIsShowChildItems(bool)));
+    connect(m_pRootItem, SIGNAL(signal_OnSelectRootItem()), this, SLOT(slot_OnRootItemClicked()));
+    connect(m_pRootItem, &RootItem::signal_OnEditBtnClicked, this,
+            &DrawerControl::slot_OnEditBtnClicked);
+    connect(m_pRootItem, &RootItem::signal_OnDeleteBtnClicked, this,
+            &DrawerControl::slot_OnDeleteBtnClicked);
+}
+
+void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
+{
+    if (!m_pRootItem)
+        return;
+
+    int n = m_lstSecondNodeInfo.size();
+    m_lstSecondNodeInfo.append(nodes);
+
+    const int rootIndex = m_pRootItem->getIndexText().toInt(nullptr, 10);
+    for (int i = 0; i < nodes.size(); ++i) {
+        const st_NodeInfoSignal &node = nodes.at(i);
+        SecondItem *pItem = new SecondItem(m_pContainer);
+        pItem->initItem(rootIndex, n);
+        pItem->setNodeInfo(node);
+        if (m_pRootItem->getNodeInfo().iType == 1)
+            pItem->setTipShow(true);
+        // Rows of a group show the group's name; rows of a plain source show
+        // their own source name (modifySecondItemData mirrors this rule).
+        const st_NodeInfoSignal rootNode = m_pRootItem->getNodeInfo();
+        if (rootNode.iType == 1)
+            pItem->setToolTip(rootNode.strNodeName.value(0));
+        else if (rootNode.iType == 0)
+            pItem->setToolTip(node.strSourceName);
+        m_lstSecondItem.append(pItem);
+        connect(pItem, SIGNAL(signal_OnItemClicked()), this, SLOT(slot_OnSecondItemClicked()));
+        connectSecondItemButtons(pItem);
+        pItem->setPressed(i == 0);
+        ++n;
+    }
+
+    // Only ceil(count/2) items go: the count is re-read on every pass. The
+    // spacers left behind accumulate one 8-pixel gap per call, which hosts
+    // see and rely on. Re-added rows leave their old place on their own.
+    for (int i = 0; i < m_pChildLayout->count(); ++i) {
+        QLayoutItem *pLast = m_pChildLayout->itemAt(m_pChildLayout->count() - 1);
+        m_pChildLayout->removeItem(pLast);
+        delete pLast; // the item only, never its widget
+    }
+    m_pChildLayout->addSpacing(8);
+    for (SecondItem *pItem : qAsConst(m_lstSecondItem))
+        m_pChildLayout->addWidget(pItem);
+
+    markSelSecondItem(m_lstSecondItem.size() - 1);
+    slot_OnIsShowChildItems(m_bIsShowChild);
+}
+
+void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int childIndex)
+{
+    if (!m_pContainer)
+        return;
+
+    SecondItem *pItem = new SecondItem(m_pContainer);
+    pItem->initItem(rootIndex, childIndex);
+    pItem->setNodeInfo(node);
+    m_pChildLayout->addWidget(pItem);
+    m_lstSecondItem.append(pItem);
+    connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
+    connectSecondItemButtons(pItem);
+    markSelSecondItem(m_lstSecondItem.size() - 1);
+    m_iCurSecondIndex = m_lstSecondItem.size() - 1;
+}
+
+void DrawerControl::connectSecondItemButtons(SecondItem *pItem)
+{
+    connect(pItem, &SecondItem::signal_OnCaptureBtnClicked, this,
+            &DrawerControl::slot_OnSecondItemCaptureBtnClicked);
+    connect(pItem, &SecondItem::signal_OnEditBtnClicked, this, &DrawerControl::slot_OnEditBtnClicked);
+    connect(pItem, &SecondItem::signal_OnDeleteBtnClicked, this,
+            &DrawerControl::slot_OnDeleteBtnClicked);
+}
+
+void DrawerControl::deleteSecondItem(int childIndex)
+{
+    if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
+        return;
+    delete m_lstSecondItem.takeAt(childIndex);
+}
+
+st_NodeInfoSignal DrawerControl::getRootNodeInfo()
+{
+    return m_pRootItem ? m_pRootItem->getNodeInfo() : st_NodeInfoSignal();
+}
+
+QList<st_NodeInfoSignal> DrawerControl::getSecondNodeInfos()
+{
+    return m_lstSecondNodeInfo;
+}
+
+int DrawerControl::getSecondNodeInfo(int childIndex, st_NodeInfoSignal &out)
+{
+    if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
+        return 0;
+    out = m_lstSecondItem.at(childIndex)->getNodeInfo();
+    return 1;
+}
+
+void DrawerControl::modifyRootItemData(const st_NodeInfoSignal &node)
+{
+    if (m_pRootItem)
+        m_pRootItem->setNodeInfo(node);
+}
+
+void DrawerControl::modifySecondItemData(int childIndex, const st_NodeInfoSignal &node)
+{
+    if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
+        return;
+    SecondItem *pItem = m_lstSecondItem.at(childIndex);
+    pItem->setNodeInfo(node);
+    // The mirror image of the rule in addSecondItems, on purpose.
+    if (getRootNodeInfo().iType == 0)
+        pItem->setTipShow(true);
+    else
+        pItem->setToolTip(node.strSourceName);
+}
+
+void DrawerControl::setCurSelSecondItem(int childIndex)
+{
+    for (int i = 0; i < m_lstSecondItem.size(); ++i)
+        m_lstSecondItem.at(i)->setPressed(i == childIndex);
+    m_iCurSecondIndex = childIndex;
+    m_lstSelIndex = QList<int>() << m_iRootIndex << childIndex;
+    emit signal_OnCurrentItemClicked(m_lstSelIndex);
+}
+
+void DrawerControl::setRootItemSelected(bool bIsSelected)
+{
+    if (m_pRootItem)
+        m_pRootItem->setSelected(bIsSelected);
+}
+
+void DrawerControl::setRootItemState(int state)
+{
+    if (m_pRootItem)
+        m_pRootItem->setItemType(state);
+}
+
+void DrawerControl::setRootItemText(QString text)
+{
+    if (m_pRootItem)
+        m_pRootItem->setUpperText(text);
+}
+
+void DrawerControl::setRootItemName(QString name)
+{
+    if (m_pRootItem)
+        m_pRootItem->setDownText(name);
+}
+
+void DrawerControl::setIsDrag(bool bIsDrag)
+{
+    m_bIsDrag = bIsDrag;
+    setAcceptDrops(bIsDrag);
+}
+
+void DrawerControl::setIsShowChildItem(bool bIsShow)
+{
+    if (m_pRootItem)
+        m_pRootItem->setExpand(bIsShow);
+}
+
+void DrawerControl::setRootIndex(int index)
+{
+    m_iRootIndex = index;
+    if (m_pRootItem)
+        m_pRootItem->setItemIndex(index);
+    for (int i = 0; i < m_lstSecondItem.size(); ++i)
+        m_lstSecondItem.at(i)->setChildIndex(i);
+}
+
+void DrawerControl::releaseSelf()
+{
+    qDebug() << "[Tarn]::DrawerControl::releaseSelf";
+    if (!m_pDrag) {
+        deleteLater();
+        qDebug() << "[Tarn]::DrawerControl::releaseSelf delete";
+    } else {
+        // Our own drag is still running inside mouseMoveEvent: dying now
+        // would pull the stack from under it. slot_releaseDrag finishes.
+        setParent(nullptr);
+    }
+}
+
+bool DrawerControl::getIsRootAsChild() const
+{
+    return m_bIsRootAsChild;
+}
+
+bool DrawerControl::getIsRootSel() const
+{
+    return m_bIsRootSel;
+}
+
+bool DrawerControl::getIsNotRootSel() const
+{
+    return !m_bIsRootSel;
+}
+
+bool DrawerControl::getSpareFlag() const
+{
+    return m_bSpareFlag;
+}
+
+void DrawerControl::setIsLockSel(bool bIsLockSel)
+{
+    m_bIsLockSel = bIsLockSel;
+}
+
+void DrawerControl::reTranslateUI()
+{
+    if (m_pRootItem)
+        m_pRootItem->reTranslateUI();
+    for (SecondItem *pItem : qAsConst(m_lstSecondItem)) {
+        if (pItem)
+            pItem->reTranslateUI();
+    }
+}
+
+void DrawerControl::markSelSecondItem(int index)
+{
+    if (m_bIsLockSel || m_lstSecondItem.isEmpty())
+        return;
+    for (int i = 0; i < m_lstSecondItem.size(); ++i)
+        m_lstSecondItem.at(i)->setPressed(i == index);
+}
+
+RootItem *DrawerControl::rootItem() const
+{
+    return m_pRootItem;
+}
+
+QList<SecondItem *> DrawerControl::secondItems() const
+{
+    return m_lstSecondItem;
+}
+
+QFrame *DrawerControl::childContainer() const
+{
+    return m_pContainer;
+}
+
+QVBoxLayout *DrawerControl::childLayout() const
+{
+    return m_pChildLayout;
+}
+
+QList<int> DrawerControl::selIndex() const
+{
+    return m_lstSelIndex;
+}
+
+st_NodeInfoSignal DrawerControl::selNodeInfo() const
+{
+    return m_stSelNodeInfo;
+}
+
+int DrawerControl::rootIndex() const
+{
+    return m_iRootIndex;
+}
+
+int DrawerControl::curSecondIndex() const
+{
+    return m_iCurSecondIndex;
+}
+
+bool DrawerControl::isShowChild() const
+{
+    return m_bIsShowChild;
+}
+
+bool DrawerControl::isDragging() const
+{
+    return m_pDrag != nullptr;
+}
+
+void DrawerControl::slot_OnRootItemClicked()
+{
+    m_bIsRootSel = true;
+    m_stSelNodeInfo = getRootNodeInfo();
+    m_lstSelIndex = QList<int>() << m_iRootIndex;
+}
+
+void DrawerControl::slot_OnSecondItemClicked()
+{
+    SecondItem *pSender = qobject_cast<SecondItem *>(sender());
+    const int index = pSender ? m_lstSecondItem.indexOf(pSender) : -1;
+    if (index >= 0) {
+        m_bIsRootSel = false;
+        markSelSecondItem(index);
+        m_iCurSecondIndex = index;
+        m_stSelNodeInfo = pSender->getNodeInfo();
+    }
+    m_lstSelIndex = QList<int>() << m_iRootIndex << m_iCurSecondIndex;
+    emit signal_OnCurrentItemClicked(m_lstSelIndex);
+}
+
+void DrawerControl::slot_OnSecondItemCaptureBtnClicked()
+{
+    emit signal_OnCaptureBtnClicked(m_lstSelIndex);
+}
+
+void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
+{
+    m_bIsShowChild = bIsShow;
+    if (m_pContainer)
+        m_pContainer->setVisible(bIsShow);
+}
+
+void DrawerControl::slot_OnEditBtnClicked()
+{
+    emit signal_OnEditBtnClicked(m_lstSelIndex);
+}
+
+void DrawerControl::slot_OnDeleteBtnClicked()
+{
+    emit signal_OnDeleteBtnClicked(m_lstSelIndex);
+}
+
+void DrawerControl::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_ptDragStart = event->pos();
+    CLanguageTranslateFrame::mousePressEvent(event);
+}
+
+void DrawerControl::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (m_pRootItem)
+        m_pRootItem->setExpand(!m_bIsShowChild);
+    CLanguageTranslateFrame::mouseDoubleClickEvent(event);
+}
+
+void DrawerControl::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons() & Qt::LeftButton) {
+        const int distance = (event->pos() - m_ptDragStart).manhattanLength();
+        const int index = secondItemIndexAt(mapToGlobal(event->pos()));
+        if (m_bIsDrag && distance >= QApplication::startDragDistance() && index != -1)
+            startDrag();
+    }
+    CLanguageTranslateFrame::mouseMoveEvent(event);
+}
+
+bool DrawerControl::acceptsDragFrom(QObject *source) const
+{
+    DrawerControl *pSource = qobject_cast<DrawerControl *>(source);
+    return pSource && pSource != this;
+}
+
+void DrawerControl::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (acceptsDragFrom(event->source())) {
+        event->setDropAction(Qt::MoveAction);
+        event->accept();
+    }
+}
+
+void DrawerControl::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (acceptsDragFrom(event->source())) {
+        event->setDropAction(Qt::MoveAction);
+        event->accept();
+    }
+}
+
+void DrawerControl::dropEvent(QDropEvent *event)
+{
+    if (!acceptsDragFrom(event->source()))
+        return;
+
+    const QStringList parts = event->mimeData()->text().split(QLatin1Char(','), Qt::KeepEmptyParts,
+                                                              Qt::CaseSensitive);
+    const QPoint globalPos = mapToGlobal(event->pos());
+    event->setDropAction(Qt::MoveAction);
+    event->accept();
+
+    QList<int> lstSrc;
+    for (const QString &part : parts)
+        lstSrc.append(part.toInt(nullptr, 10));
+    QList<int> lstDst;
+    lstDst.append(m_iRootIndex);
+    const int index = secondItemIndexAt(globalPos);
+    if (index >= 0)
+        lstDst.append(index);
+    emit signal_OnItemsIsDraged(lstSrc, lstDst);
+}
+
+int DrawerControl::secondItemIndexAt(const QPoint &globalPos)
+{
+    for (int i = 0; i < m_lstSecondItem.size(); ++i) {
+        const SecondItem *pItem = m_lstSecondItem.at(i);
+        const QRect rect(pItem->mapToGlobal(QPoint(0, 0)), pItem->size());
+        if (rect.contains(globalPos))
+            return i;
+    }
+    return -1;
+}
+
+void DrawerControl::startDrag()
+{
+    if (m_bIsRootSel)
+        return;
+    if (m_stSelNodeInfo.strNodeName.isEmpty()) {
+        writeNamelessNodeTrace(qDebug(), m_stSelNodeInfo);
+        return;
+    }
+
+    QString strCaption;
+    QString strText;
+    if (m_lstSelIndex.size() == 1 || m_lstSelIndex.size() == 2)
+        strCaption = m_stSelNodeInfo.strNodeName.first();
+    const QString strRootIndex = m_pRootItem ? m_pRootItem->getIndexText() : QString();
+    if (m_lstSelIndex.size() == 1)
+        strText = strRootIndex;
+    else if (m_lstSelIndex.size() == 2)
+        strText = strRootIndex + QLatin1Char(',') + QString::number(m_iCurSecondIndex, 10);
+    if (strCaption.length() > 9)
+        strCaption = strCaption.left(6) + QStringLiteral("...");
+
+    QMimeData *pMimeData = new QMimeData;
+    pMimeData->setText(strText);
+    m_pDrag = new QDrag(this);
+    m_pDrag->setMimeData(pMimeData);
+
+    QPixmap pixmap(g_qsDragTipImage);
+    QPainter painter(&pixmap);
+    QFont font(QStringLiteral("Arial"), 9, 50, false);
+    painter.setFont(font);
+    painter.setPen(QPen(QBrush(Qt::white, Qt::SolidPattern), 1.0, Qt::SolidLine, Qt::SquareCap,
+                        Qt::BevelJoin));
+    painter.drawText(QRectF(25.0, 7.0, 100.0, 18.0), strCaption, QTextOption());
+    painter.end();
+    m_pDrag->setPixmap(pixmap);
+
+    connect(m_pDrag, &QObject::destroyed, this, &DrawerControl::slot_releaseDrag);
+    m_pDrag->exec(Qt::MoveAction);
+}
+
+void DrawerControl::slot_releaseDrag()
+{
+    qDebug() << "[Tarn]::DrawerControl::slot_releaseDrag";
+    m_pDrag = nullptr;
+    if (!parentWidget()) {
+        qDebug() << "[Tarn]::DrawerControl::slot_releaseDrag deleteLater";
+        deleteLater();
+        qDebug() << "[Tarn]::DrawerControl::slot_releaseDrag deleteLater end";
+    }
+    qDebug() << "[Tarn]::DrawerControl::slot_releaseDrag end";
+}

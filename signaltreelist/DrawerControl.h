@@ -1,0 +1,151 @@
+#ifndef SIGNALTREELIST_DRAWERCONTROL_H
+#define SIGNALTREELIST_DRAWERCONTROL_H
+
+#include "st_NodeInfoSignal.h"
+
+#include <CLanguageTranslateFrame.h>
+
+#include <QList>
+#include <QPoint>
+
+class QDrag;
+class QFrame;
+class QVBoxLayout;
+class RootItem;
+class SecondItem;
+
+/**
+ * One drawer of the tree list: a root row with a container of child rows
+ * below it.
+ *
+ * The drawer keeps the row widgets and their records, the selection as an
+ * index path ([root] or [root, child]), shows and hides its children and
+ * reports clicks and button presses as signals carrying that path. A
+ * selected child row can be dragged onto another drawer, which reports the
+ * source and target paths in signal_OnItemsIsDraged().
+ */
+class DrawerControl : public CLanguageTranslateFrame
+{
+    Q_OBJECT
+public:
+    explicit DrawerControl(QWidget *parent = nullptr);
+    ~DrawerControl() override;
+
+    /// Builds the root row and the child container; call once.
+    void initRootItem(int itemType, int rootIndex);
+
+    /// Appends one child row per record, re-lays every row and marks the
+    /// last one selected.
+    void addSecondItems(QList<st_NodeInfoSignal> nodes);
+    /// Appends one child row with the indices as given.
+    void addSecondItem(st_NodeInfoSignal node, int rootIndex, int childIndex);
+    /// Deletes the row widget at once; other rows keep their indices.
+    void deleteSecondItem(int childIndex);
+
+    st_NodeInfoSignal getRootNodeInfo();
+    QList<st_NodeInfoSignal> getSecondNodeInfos();
+    /// Copies the record of row @p childIndex into @p out; returns 1 when the
+    /// row exists, 0 (leaving @p out untouched) when it does not.
+    int getSecondNodeInfo(int childIndex, st_NodeInfoSignal &out);
+
+    void modifyRootItemData(const st_NodeInfoSignal &node);
+    void modifySecondItemData(int childIndex, const st_NodeInfoSignal &node);
+
+    /// Marks row @p childIndex selected and reports [root, childIndex].
+    void setCurSelSecondItem(int childIndex);
+    void setRootItemSelected(bool bIsSelected);
+
+    void setRootItemState(int state);
+    void setRootItemText(QString text);
+    void setRootItemName(QString name);
+
+    /// Enables dragging and, with it, accepting drops.
+    void setIsDrag(bool bIsDrag);
+    /// Expands or collapses through the root row's check box.
+    void setIsShowChildItem(bool bIsShow);
+    /// Renumbers the drawer, its root row and its child rows.
+    void setRootIndex(int index);
+
+    /// Deletes the drawer later, or, while its own drag runs, detaches it
+    /// and lets it delete itself once the drag object is gone.
+    void releaseSelf();
+
+    bool getIsRootAsChild() const;
+    bool getIsRootSel() const;
+    bool getIsNotRootSel() const;
+    bool getSpareFlag() const;
+    void setIsLockSel(bool bIsLockSel);
+
+    void reTranslateUI() override;
+
+    /// Selects row @p index in look only, unless the selection is locked.
+    void markSelSecondItem(int index);
+
+    /// Index of the child row under @p globalPos (screen coordinates), or -1.
+    int secondItemIndexAt(const QPoint &globalPos);
+    /// Builds and runs the drag of the current selection.
+    void startDrag();
+
+    // Read access for the container's diagnostics and for tests.
+    RootItem *rootItem() const;
+    QList<SecondItem *> secondItems() const;
+    QFrame *childContainer() const;
+    QVBoxLayout *childLayout() const;
+    QList<int> selIndex() const;
+    st_NodeInfoSignal selNodeInfo() const;
+    int rootIndex() const;
+    int curSecondIndex() const;
+    bool isShowChild() const;
+    bool isDragging() const;
+
+signals:
+    void signal_OnCurrentItemClicked(QList<int> lstIndex);
+    void signal_OnItemsIsDraged(QList<int> lstSrc, QList<int> lstDst);
+    void signal_OnCompleteDraged();
+    void signal_OnItemIsDoubleClicked(bool bIsDoubleClicked);
+    void signal_OnEditBtnClicked(QList<int> lstIndex);
+    void signal_OnDeleteBtnClicked(QList<int> lstIndex);
+    void signal_OnCaptureBtnClicked(QList<int> lstIndex);
+
+private slots:
+    void slot_OnRootItemClicked();
+    void slot_OnSecondItemClicked();
+    void slot_OnSecondItemCaptureBtnClicked();
+    void slot_OnIsShowChildItems(bool bIsShow);
+    void slot_OnEditBtnClicked();
+    void slot_OnDeleteBtnClicked();
+    void slot_releaseDrag();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void connectSecondItemButtons(SecondItem *pItem);
+    bool acceptsDragFrom(QObject *source) const;
+
+    RootItem *m_pRootItem;
+    QList<SecondItem *> m_lstSecondItem;
+    bool m_bIsLockSel;
+    bool m_bIsRootSel;
+    bool m_bIsRootAsChild;
+    bool m_bSpareFlag;
+    QPoint m_ptDragStart;
+    st_NodeInfoSignal m_stSelNodeInfo;
+    QList<st_NodeInfoSignal> m_lstSecondNodeInfo;
+    int m_iRootIndex;
+    int m_iCurSecondIndex;
+    bool m_bIsDrag;
+    bool m_bIsShowChild;
+    QVBoxLayout *m_pMainLayout;
+    QVBoxLayout *m_pChildLayout;
+    QFrame *m_pContainer;
+    QList<int> m_lstSelIndex;
+    QDrag *m_pDrag;
+};
+
+#endif // SIGNALTREELIST_DRAWERCONTROL_H

@@ -1,0 +1,349 @@
+#include "RootItem.h"
+
+#include "StyleConstants.h"
+
+#include <QCheckBox>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+#include <QToolButton>
+#include <QVariant>
+#include <QVBoxLayout>
+
+namespace {
+
+// The host style sheet selects on dynamic properties; Qt only re-reads them
+// when the widget is polished again.
+void repolish(QWidget *widget)
+{
+    if (!widget)
+        return;
+    QStyle *style = widget->style();
+    style->unpolish(widget);
+    style->polish(widget);
+}
+
+// Width the upper line is elided to; the label itself is 150 pixels wide.
+constexpr int kUpperTextWidth = 150;
+
+} // namespace
+
+RootItem::RootItem(QWidget *parent)
+    : CLanguageTranslateFrame(parent)
+    , m_pMainLayout(nullptr)
+    , m_pTextLayout(nullptr)
+    , m_pExpandBox(nullptr)
+    , m_pOnlineBtn(nullptr)
+    , m_qlUpper(nullptr)
+    , m_qlDown(nullptr)
+    , m_qlMainProperty(nullptr)
+    , m_pEditBtn(nullptr)
+    , m_pDeleteBtn(nullptr)
+    , m_iItemType(0)
+    , m_bIsOnline(false)
+    , m_bShowDelete(false)
+    , m_bShowEdit(false)
+    , m_stNodeInfo()
+    , m_iItemIndex(-1)
+    , m_bIsPressed(false)
+{
+    setObjectName(QStringLiteral("RootItem"));
+    setProperty("isTarn", true);
+    setProperty("isRootItem", QStringLiteral("normal"));
+    setProperty("isWin", true);
+    repolish(this);
+
+    setFixedHeight(45);
+    setAcceptDrops(true);
+}
+
+RootItem::~RootItem() = default;
+
+void RootItem::initItem(int itemType, int itemIndex)
+{
+    m_iItemType = itemType;
+    m_iItemIndex = itemIndex;
+
+    m_pMainLayout = new QHBoxLayout(this);
+    m_pMainLayout->setSpacing(16);
+    m_pMainLayout->setContentsMargins(0, 0, 0, 0);
+
+    m_pTextLayout = new QVBoxLayout();
+    m_pTextLayout->setSpacing(0);
+    m_pTextLayout->setContentsMargins(0, 0, 0, 0);
+
+    m_pExpandBox = new QCheckBox(this);
+    m_pExpandBox->setFixedSize(16, 16);
+
+    m_pOnlineBtn = new QToolButton(this);
+    m_pOnlineBtn->setFixedSize(8, 8);
+    m_pOnlineBtn->setProperty("isTarn", true);
+    m_pOnlineBtn->setProperty("isOnlineBtn", true);
+
+    m_qlUpper = new QLabel(this);
+    m_qlUpper->setObjectName(QStringLiteral("m_qlUpper"));
+    m_qlUpper->setFixedSize(kUpperTextWidth, 15);
+
+    m_qlDown = new QLabel(this);
+    m_qlDown->setObjectName(QStringLiteral("m_qlDown"));
+
+    m_qlMainProperty = new QLabel(this);
+    m_qlMainProperty->setFixedHeight(2);
+    m_qlMainProperty->setProperty("isTarn", true);
+    m_qlMainProperty->setProperty("isMainproperty", true);
+
+    m_pEditBtn = new QToolButton(this);
+    m_pEditBtn->setFixedSize(20, 20);
+    m_pEditBtn->setProperty("isTarn", true);
+    m_pEditBtn->setProperty("isEditBtn", true);
+
+    m_pDeleteBtn = new QToolButton(this);
+    m_pDeleteBtn->setFixedSize(20, 20);
+    m_pDeleteBtn->setProperty("isTarn", true);
+    m_pDeleteBtn->setProperty("isDelBtn", true);
+
+    m_pTextLayout->addWidget(m_qlUpper);
+    m_pTextLayout->addWidget(m_qlDown);
+
+    m_pMainLayout->addSpacing(18);
+    m_pMainLayout->addWidget(m_pExpandBox);
+    m_pMainLayout->addWidget(m_pOnlineBtn);
+    m_pMainLayout->addLayout(m_pTextLayout);
+    m_pMainLayout->addStretch();
+    m_pMainLayout->addWidget(m_qlMainProperty);
+    m_pMainLayout->addWidget(m_pEditBtn);
+    m_pMainLayout->addWidget(m_pDeleteBtn);
+    m_pMainLayout->addSpacing(18);
+
+    setItemType(itemType);
+
+    // Hosts may re-wire the box by signature, so it stays a string-based
+    // connection.
+    connect(m_pExpandBox, SIGNAL(clicked(bool)), this, SLOT(slot_OnCheckBoxClicked(bool)));
+    connect(m_pEditBtn, &QToolButton::clicked, this, &RootItem::signal_OnEditBtnClicked);
+    connect(m_pDeleteBtn, &QToolButton::clicked, this, &RootItem::signal_OnDeleteBtnClicked);
+
+    m_pEditBtn->setVisible(m_bShowEdit);
+    m_pDeleteBtn->setVisible(m_bShowDelete);
+
+    m_qlUpper->setProperty("isTarn", true);
+    m_qlUpper->setProperty("isUpOnline", false);
+
+    m_qlMainProperty->hide();
+}
+
+void RootItem::setItemType(int itemType)
+{
+    m_iItemType = itemType;
+
+    // The type does not change which children show: the online indicator
+    // stays hidden unless the host style brings it back.
+    if (m_pExpandBox)
+        m_pExpandBox->show();
+    if (m_pOnlineBtn)
+        m_pOnlineBtn->hide();
+    if (m_qlUpper)
+        m_qlUpper->show();
+    if (m_qlDown)
+        m_qlDown->hide();
+    if (m_pEditBtn)
+        m_pEditBtn->hide();
+    if (m_pDeleteBtn)
+        m_pDeleteBtn->hide();
+}
+
+int RootItem::getItemType() const
+{
+    return m_iItemType;
+}
+
+void RootItem::setNodeInfo(const st_NodeInfoSignal &node)
+{
+    m_stNodeInfo = node;
+
+    const QStringList &names = node.strNodeName;
+    if (names.size() == 1) {
+        setUpperText(names.at(0));
+    } else if (names.size() == 2) {
+        setUpperText(names.at(0));
+        setDownText(names.at(1));
+    }
+
+    setOnline(node.isOnline);
+    setOpBtnShow(node.showOpBtn);
+}
+
+st_NodeInfoSignal RootItem::getNodeInfo() const
+{
+    return m_stNodeInfo;
+}
+
+void RootItem::setUpperText(QString text)
+{
+    if (!m_qlUpper)
+        return;
+    // Only the elided text is kept; the node record holds the full name.
+    const QFontMetrics metrics(m_qlUpper->font());
+    m_qlUpper->setText(metrics.elidedText(text, Qt::ElideRight, kUpperTextWidth));
+}
+
+QString RootItem::getUpperText() const
+{
+    return m_qlUpper ? m_qlUpper->text() : QString();
+}
+
+void RootItem::setDownText(QString text)
+{
+    if (!m_qlDown)
+        return;
+    m_qlDown->setText(text);
+}
+
+QString RootItem::getDownText() const
+{
+    return m_qlDown ? m_qlDown->text() : QString();
+}
+
+void RootItem::setOnline(bool bIsOnline)
+{
+    m_bIsOnline = bIsOnline;
+    if (!m_pOnlineBtn)
+        return;
+    m_pOnlineBtn->setProperty("isTarn", true);
+    m_pOnlineBtn->setProperty("isOnlineBtn", bIsOnline);
+    repolish(m_pOnlineBtn);
+}
+
+bool RootItem::isOnline() const
+{
+    return m_bIsOnline;
+}
+
+void RootItem::setOpBtnShow(QList<bool> lstShow)
+{
+    // Only the flags change; the buttons follow on the next hover.
+    if (lstShow.size() == 1) {
+        m_bShowEdit = lstShow.at(0);
+    } else if (lstShow.size() == 2) {
+        m_bShowEdit = lstShow.at(0);
+        m_bShowDelete = lstShow.at(1);
+    }
+}
+
+void RootItem::setItemIndex(int index)
+{
+    m_iItemIndex = index;
+}
+
+QString RootItem::getIndexText() const
+{
+    return QString::number(m_iItemIndex, 10);
+}
+
+void RootItem::setExpand(bool bIsExpand)
+{
+    if (m_pExpandBox)
+        m_pExpandBox->setChecked(bIsExpand);
+    slot_OnCheckBoxClicked(bIsExpand);
+}
+
+void RootItem::setSelected(bool bIsSelected)
+{
+    m_bIsPressed = bIsSelected;
+    // setExpand takes the press path, so a deselected root keeps its press
+    // look; only the upper line follows the selection.
+    setExpand(bIsSelected);
+    if (m_qlUpper) {
+        m_qlUpper->setProperty("isTarn", true);
+        m_qlUpper->setProperty("isUpOnline", bIsSelected);
+    }
+    emit signal_OnSelectRootItem();
+    repolish(this);
+    repolish(m_qlUpper);
+}
+
+void RootItem::reTranslateUI()
+{
+}
+
+void RootItem::slot_OnCheckBoxClicked(bool bIsShow)
+{
+    m_bIsPressed = true;
+    applyPressLook();
+    emit signal_OnIsShowChildItems(bIsShow);
+}
+
+void RootItem::mousePressEvent(QMouseEvent *event)
+{
+    Q_UNUSED(event)
+    m_bIsPressed = true;
+    applyPressLook();
+    emit signal_OnSelectRootItem();
+}
+
+void RootItem::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    Q_UNUSED(event)
+    m_bIsPressed = true;
+    applyPressLook();
+    // The press before every double click has already reported the
+    // selection; the double click only toggles the children.
+    setExpand(!(m_pExpandBox && m_pExpandBox->isChecked()));
+}
+
+void RootItem::enterEvent(QEvent *event)
+{
+    Q_UNUSED(event)
+    if (m_pEditBtn)
+        m_pEditBtn->setVisible(m_bShowEdit);
+    if (m_pDeleteBtn)
+        m_pDeleteBtn->setVisible(m_bShowDelete);
+
+    if (!m_bIsPressed) {
+        setProperty("isTarn", true);
+        setProperty("isRootItem", QStringLiteral("hover"));
+        if (m_qlUpper) {
+            m_qlUpper->setProperty("isTarn", true);
+            m_qlUpper->setProperty("isUpOnline", false);
+        }
+    }
+    repolish(this);
+    repolish(m_qlUpper);
+}
+
+void RootItem::leaveEvent(QEvent *event)
+{
+    Q_UNUSED(event)
+    if (m_pEditBtn)
+        m_pEditBtn->hide();
+    if (m_pDeleteBtn)
+        m_pDeleteBtn->hide();
+
+    if (!m_bIsPressed) {
+        setProperty("isTarn", true);
+        setProperty("isRootItem", QStringLiteral("normal"));
+        if (m_qlUpper)
+            m_qlUpper->setProperty("isUpOnline", false);
+    }
+    repolish(this);
+    repolish(m_qlUpper);
+}
+
+void RootItem::resizeEvent(QResizeEvent *event)
+{
+    // The layout places everything; nothing depends on the width.
+    Q_UNUSED(event)
+}
+
+void RootItem::applyPressLook()
+{
+    setProperty("isTarn", true);
+    setProperty("isRootItem", QStringLiteral("press"));
+    if (m_qlUpper) {
+        m_qlUpper->setProperty("isTarn", true);
+        m_qlUpper->setProperty("isUpOnline", true);
+    }
+    repolish(this);
+    repolish(m_qlUpper);
+}

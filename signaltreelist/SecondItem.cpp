@@ -1,0 +1,460 @@
+#include "SecondItem.h"
+
+#include "StyleConstants.h"
+
+#include <QDebug>
+#include <QFontMetrics>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPixmap>
+#include <QStyle>
+#include <QToolButton>
+#include <QVariant>
+#include <QVBoxLayout>
+
+namespace {
+
+// The host style sheet selects on dynamic properties; Qt only re-reads them
+// when the widget is polished again.
+void repolish(QWidget *widget)
+{
+    if (!widget)
+        return;
+    QStyle *style = widget->style();
+    style->unpolish(widget);
+    style->polish(widget);
+}
+
+// Size of the icon label; bigger pictures are scaled down into it.
+constexpr int kIconWidth = 33;
+constexpr int kIconHeight = 20;
+// Gap that every visible hover button adds, and the frame's own padding.
+constexpr int kButtonGap = 8;
+// Room kept beside the text column besides the icon.
+constexpr int kTextReserve = 28;
+
+// Several type numbers share one connector picture; anything unlisted
+// (15, negatives, unknown future types) gets the "unknown" picture.
+QString signalIconPath(int type, bool online)
+{
+    switch (type) {
+    case 0:
+    case 5:
+    case 16:
+        return online ? g_qsDVINormalImage : g_qsDVIDisableImage;
+    case 1:
+    case 6:
+    case 9:
+        return online ? g_qsHDMINormalImage : g_qsHDMIDisableImage;
+    case 2:
+        return online ? g_qsVGANormalImage : g_qsVGADisableImage;
+    case 3:
+    case 12:
+    case 13:
+        return online ? g_qsSDINormalImage : g_qsSDIDisableImage;
+    case 4:
+        return online ? g_qsCVBSNormalImage : g_qsCVBSDisableImage;
+    case 7:
+    case 8:
+        return online ? g_qsDPNormalImage : g_qsDPDisableImage;
+    case 10:
+        return online ? g_qsUSBNormalImage : g_qsUSBDisableImage;
+    case 11:
+        return online ? g_qsWLanNormalImage : g_qsWLanDisableImage;
+    case 14:
+    case 18:
+        return online ? g_qsDvimosicNormalImage : g_qsDvimosicDisableImage;
+    case 17:
+        return online ? g_qsOPTNormalImage : g_qsOPTDisableImage;
+    default:
+        return online ? g_qsUnknownNormalImage : g_qsUnknownDisableImage;
+    }
+}
+
+// Shortens @p full by whole characters until it plus "..." fits @p limit.
+QString fitText(const QString &full, const QFontMetrics &metrics, int limit)
+{
+    const QString ellipsis = QStringLiteral("...");
+    QString running = full;
+    QString candidate = full;
+    if (metrics.horizontalAdvance(candidate) <= limit)
+        return candidate;
+
+    // Dropping one character per measurement is quadratic; for long texts
+    // first cut at the shortest prefix that alone is already too wide, which
+    // every longer prefix is as well.
+    if (running.size() > 256) {
+        int lo = 1;
+        int hi = running.size();
+        while (lo < hi) {
+            const int mid = lo + (hi - lo) / 2;
+            if (metrics.horizontalAdvance(running.left(mid)) > limit)
+                hi = mid;
+            else
+                lo = mid + 1;
+        }
+        running.truncate(lo);
+    }
+
+    // An empty running text cannot shrink further, even if "..." alone is
+    // too wide for a very large font.
+    while (metrics.horizontalAdvance(candidate) > limit && !running.isEmpty()) {
+        running.chop(1);
+        candidate = running + ellipsis;
+    }
+    return candidate;
+}
+
+} // namespace
+
+SecondItem::SecondItem(QWidget *parent)
+    : CLanguageTranslateFrame(parent)
+    , m_pMainLayout(nullptr)
+    , m_qfBtns(nullptr)
+    , m_qlIcon(nullptr)
+    , m_qlUpper(nullptr)
+    , m_qlDown(nullptr)
+    , m_pCaptureBtn(nullptr)
+    , m_pEditBtn(nullptr)
+    , m_pDeleteBtn(nullptr)
+    , m_pFourthBtn(nullptr)
+    , m_bIsPressed(false)
+    , m_bShowDelete(false)
+    , m_bShowFourth(false)
+    , m_bShowEdit(false)
+    , m_bShowCapture(false)
+    , m_stNodeInfo()
+    , m_iRootIndex(0)
+    , m_iChildIndex(0)
+    , m_iTextWidthBudget(200)
+    , m_strUpperText()
+    , m_strDownText()
+{
+    setObjectName(QStringLiteral("SignalSecondItem"));
+    setProperty("isTarn", true);
+    setProperty("isSecondItem", QStringLiteral("normal"));
+    setFixedHeight(40);
+}
+
+SecondItem::~SecondItem() = default;
+
+void SecondItem::initItem(int rootIndex, int childIndex)
+{
+    m_iRootIndex = rootIndex;
+    m_iChildIndex = childIndex;
+
+    m_pMainLayout = new QHBoxLayout(this);
+    m_pMainLayout->setSpacing(10);
+    m_pMainLayout->setContentsMargins(0, 0, 0, 0);
+
+    QVBoxLayout *textLayout = new QVBoxLayout();
+    textLayout->setSpacing(0);
+    textLayout->setContentsMargins(0, 5, 0, 4);
+
+    m_qlIcon = new QLabel(this);
+    m_qlIcon->setFixedSize(kIconWidth, kIconHeight);
+
+    m_qlUpper = new QLabel(this);
+    m_qlUpper->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_qlUpper->setObjectName(QStringLiteral("m_qlUpper"));
+    m_qlDown = new QLabel(this);
+    m_qlDown->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_qlDown->setObjectName(QStringLiteral("m_qlDown"));
+
+    // The frame floats over the row's right edge, so it stays out of the
+    // main layout and placeButtons() positions it.
+    m_qfBtns = new QFrame(this);
+    m_qfBtns->setObjectName(QStringLiteral("m_qfBtns"));
+    QHBoxLayout *btnLayout = new QHBoxLayout(m_qfBtns);
+    btnLayout->setContentsMargins(0, 0, 0, 0);
+    btnLayout->setSpacing(kButtonGap);
+
+    m_pCaptureBtn = new QToolButton(m_qfBtns);
+    m_pEditBtn = new QToolButton(m_qfBtns);
+    m_pDeleteBtn = new QToolButton(m_qfBtns);
+    m_pFourthBtn = new QToolButton(m_qfBtns);
+    for (QToolButton *btn : {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn}) {
+        btn->setFixedSize(20, 20);
+        btn->setProperty("isTarn", true);
+    }
+    // Capture and the fourth button reuse the delete button's property: the
+    // host style tells them apart by other means.
+    m_pCaptureBtn->setProperty("isDelBtn", true);
+    m_pEditBtn->setProperty("isEditBtn", true);
+    m_pDeleteBtn->setProperty("isDelBtn", true);
+    m_pFourthBtn->setProperty("isDelBtn", true);
+
+    textLayout->addWidget(m_qlUpper);
+    textLayout->addWidget(m_qlDown);
+
+    m_pMainLayout->addSpacing(8);
+    m_pMainLayout->addWidget(m_qlIcon);
+    m_pMainLayout->addLayout(textLayout);
+    m_pMainLayout->addStretch();
+
+    btnLayout->addWidget(m_pCaptureBtn);
+    btnLayout->addWidget(m_pEditBtn);
+    btnLayout->addWidget(m_pDeleteBtn);
+    btnLayout->addWidget(m_pFourthBtn);
+
+    connect(m_pCaptureBtn, &QToolButton::clicked, this, &SecondItem::slot_OnCaptureBtnClicked);
+    connect(m_pEditBtn, &QToolButton::clicked, this, &SecondItem::slot_OnEditBtnClicked);
+    connect(m_pDeleteBtn, &QToolButton::clicked, this, &SecondItem::slot_OnDeleteBtnClicked);
+
+    m_qfBtns->hide();
+    m_pCaptureBtn->setVisible(m_bShowCapture);
+    m_pEditBtn->setVisible(m_bShowEdit);
+    m_pDeleteBtn->setVisible(m_bShowDelete);
+    m_pFourthBtn->setVisible(m_bShowFourth);
+
+    m_qlUpper->setProperty("isTarn", true);
+    m_qlUpper->setProperty("isUpOnline", true);
+}
+
+void SecondItem::setNodeInfo(const st_NodeInfoSignal &node)
+{
+    m_stNodeInfo = node;
+
+    const QStringList &names = node.strNodeName;
+    if (names.size() == 2) {
+        setUpperText(names.at(0));
+        setDownText(names.at(1));
+        if (m_qlUpper)
+            m_qlUpper->show();
+        if (m_qlDown)
+            m_qlDown->show();
+    } else if (names.size() == 1) {
+        setUpperText(names.at(0));
+        if (m_qlUpper)
+            m_qlUpper->show();
+        if (m_qlDown)
+            m_qlDown->hide();
+    } else {
+        if (m_qlUpper)
+            m_qlUpper->hide();
+        if (m_qlDown)
+            m_qlDown->hide();
+    }
+
+    setSignalIcon(node.iType, node.isOnline);
+    setOpBtnShow(node.showOpBtn);
+}
+
+st_NodeInfoSignal SecondItem::getNodeInfo() const
+{
+    return m_stNodeInfo;
+}
+
+void SecondItem::setUpperText(QString text)
+{
+    if (!m_qlUpper)
+        return;
+    m_qlUpper->setText(text);
+    m_strUpperText = text;
+    fitTexts();
+}
+
+void SecondItem::setDownText(QString text)
+{
+    if (!m_qlDown)
+        return;
+    m_qlDown->setText(text);
+    m_strDownText = text;
+    fitTexts();
+}
+
+void SecondItem::setSignalIcon(int type, bool online)
+{
+    if (!m_qlIcon)
+        return;
+    QPixmap picture(signalIconPath(type, online));
+    if (picture.width() > kIconWidth || picture.height() > kIconHeight)
+        picture = picture.scaled(kIconWidth, kIconHeight, Qt::KeepAspectRatio, Qt::FastTransformation);
+    m_qlIcon->setPixmap(picture);
+}
+
+void SecondItem::setOpBtnShow(QList<bool> lstShow)
+{
+    // Only the flags change; the buttons follow on the next hover.
+    const int count = lstShow.size();
+    if (count < 1 || count > 4)
+        return;
+    m_bShowEdit = lstShow.at(0);
+    if (count >= 2)
+        m_bShowDelete = lstShow.at(1);
+    if (count >= 3)
+        m_bShowCapture = lstShow.at(2);
+    if (count >= 4)
+        m_bShowFourth = lstShow.at(3);
+}
+
+void SecondItem::setPressed(bool bIsPressed)
+{
+    m_bIsPressed = bIsPressed;
+    setProperty("isTarn", true);
+    setProperty("isSecondItem", bIsPressed ? QStringLiteral("press") : QStringLiteral("normal"));
+    if (m_qlUpper) {
+        m_qlUpper->setProperty("isTarn", true);
+        m_qlUpper->setProperty("isUpOnline", bIsPressed);
+    }
+    repolish(this);
+    repolish(m_qlUpper);
+}
+
+void SecondItem::setChildIndex(int index)
+{
+    m_iChildIndex = index;
+}
+
+QString SecondItem::getIndexText() const
+{
+    return QString::number(m_iRootIndex) + QLatin1Char('-') + QString::number(m_iChildIndex);
+}
+
+void SecondItem::setTipShow(bool bIsShow)
+{
+    setToolTip(bIsShow ? m_strUpperText : QString());
+}
+
+void SecondItem::reTranslateUI()
+{
+}
+
+void SecondItem::slot_OnCaptureBtnClicked()
+{
+    // Capturing does not select the row.
+    emit signal_OnItemClicked();
+    emit signal_OnCaptureBtnClicked();
+}
+
+void SecondItem::slot_OnEditBtnClicked()
+{
+    setPressed(true);
+    emit signal_OnItemClicked();
+    emit signal_OnEditBtnClicked();
+}
+
+void SecondItem::slot_OnDeleteBtnClicked()
+{
+    setPressed(true);
+    emit signal_OnItemClicked();
+    emit signal_OnDeleteBtnClicked();
+}
+
+void SecondItem::mousePressEvent(QMouseEvent *event)
+{
+    Q_UNUSED(event)
+    qDebug() << "enter";
+    m_bIsPressed = true;
+    setProperty("isTarn", true);
+    setProperty("isSecondItem", QStringLiteral("press"));
+    if (m_qlUpper) {
+        m_qlUpper->setProperty("isTarn", true);
+        m_qlUpper->setProperty("isUpOnline", true);
+    }
+    repolish(this);
+    repolish(m_qlUpper);
+    emit signal_OnItemClicked();
+}
+
+void SecondItem::enterEvent(QEvent *event)
+{
+    Q_UNUSED(event)
+    setProperty("isTarn", true);
+    setProperty("isSecondItem", m_bIsPressed ? QStringLiteral("press") : QStringLiteral("hover"));
+    if (m_qlUpper) {
+        m_qlUpper->setProperty("isTarn", true);
+        m_qlUpper->setProperty("isUpOnline", m_bIsPressed);
+    }
+    if (m_pCaptureBtn)
+        m_pCaptureBtn->setVisible(m_bShowCapture);
+    if (m_pEditBtn)
+        m_pEditBtn->setVisible(m_bShowEdit);
+    if (m_pDeleteBtn)
+        m_pDeleteBtn->setVisible(m_bShowDelete);
+    if (m_pFourthBtn)
+        m_pFourthBtn->setVisible(m_bShowFourth);
+    repolish(this);
+    repolish(m_qlUpper);
+    placeButtons();
+}
+
+void SecondItem::leaveEvent(QEvent *event)
+{
+    Q_UNUSED(event)
+    setProperty("isTarn", true);
+    setProperty("isSecondItem", m_bIsPressed ? QStringLiteral("press") : QStringLiteral("normal"));
+    for (QToolButton *btn : {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn}) {
+        if (btn)
+            btn->hide();
+    }
+    repolish(this);
+    repolish(m_qlUpper);
+    placeButtons();
+}
+
+void SecondItem::resizeEvent(QResizeEvent *event)
+{
+    // The text budget is fixed, so a resize refits against the same limit
+    // whatever the new width is.
+    Q_UNUSED(event)
+    if (!m_qlUpper || !m_qlDown)
+        return;
+    fitTexts();
+}
+
+void SecondItem::fitTexts()
+{
+    if (!m_qlUpper || !m_qlDown || !m_qlIcon)
+        return;
+
+    const int limit = m_iTextWidthBudget - kTextReserve - m_qlIcon->width();
+    const QList<QLabel *> labels{m_qlUpper, m_qlDown};
+    const QStringList texts{m_strUpperText, m_strDownText};
+    if (labels.size() < 2)
+        return;
+
+    int widest = labels.at(0)->fontMetrics().horizontalAdvance(texts.at(0));
+    for (int i = 0; i < labels.size(); ++i) {
+        const int width = labels.at(i)->fontMetrics().horizontalAdvance(texts.at(i));
+        if (width >= widest)
+            widest = width;
+    }
+
+    if (widest <= limit) {
+        // Both lines fit: they share the width of the wider one.
+        for (QLabel *label : labels)
+            label->setFixedWidth(widest);
+        return;
+    }
+
+    for (int i = 0; i < labels.size(); ++i) {
+        QLabel *label = labels.at(i);
+        label->setText(fitText(texts.at(i), label->fontMetrics(), limit));
+        label->setFixedWidth(limit);
+    }
+}
+
+void SecondItem::placeButtons()
+{
+    if (!m_qfBtns)
+        return;
+
+    // isHidden(), not isVisible(): the buttons sit in a frame that is itself
+    // hidden until this places it.
+    int total = 0;
+    for (QToolButton *btn : {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn}) {
+        if (btn && !btn->isHidden())
+            total += btn->width() + kButtonGap;
+    }
+
+    if (total > 0) {
+        const int frameWidth = total + kButtonGap;
+        const int frameHeight = m_qfBtns->height();
+        m_qfBtns->setGeometry(width() - frameWidth, (height() - frameHeight) / 2, frameWidth, frameHeight);
+        m_qfBtns->show();
+    } else {
+        m_qfBtns->hide();
+    }
+}

@@ -1,0 +1,100 @@
+#ifndef SIGNALTREELIST_SECONDITEM_H
+#define SIGNALTREELIST_SECONDITEM_H
+
+#include "st_NodeInfoSignal.h"
+
+#include <CLanguageTranslateFrame.h>
+
+class QFrame;
+class QHBoxLayout;
+class QLabel;
+class QToolButton;
+
+/**
+ * The second-level row: one signal under a root.
+ *
+ * Shows the signal-type icon, two text lines shortened with "..." to a
+ * fixed budget and, while hovered, up to four buttons in the frame m_qfBtns
+ * placed by hand at the right edge. Object name "SignalSecondItem"; state in
+ * "isSecondItem" = "normal" / "hover" / "press" and "isUpOnline" on
+ * m_qlUpper, applied by re-polishing, never by a style sheet of its own.
+ */
+class SecondItem : public CLanguageTranslateFrame
+{
+    Q_OBJECT
+public:
+    explicit SecondItem(QWidget *parent = nullptr);
+    ~SecondItem() override;
+
+    /// Builds the child widgets; call once, right after construction.
+    void initItem(int rootIndex, int childIndex);
+
+    /// Stores the record and shows its names, type icon and button flags.
+    void setNodeInfo(const st_NodeInfoSignal &node);
+    st_NodeInfoSignal getNodeInfo() const;
+
+    void setUpperText(QString text);
+    void setDownText(QString text);
+
+    /// Shows the picture of signal @p type, in colour when @p online.
+    void setSignalIcon(int type, bool online);
+
+    /// Flags in the order edit, delete, capture, fourth; 1 to 4 entries are
+    /// read, other sizes change nothing. They take effect on the next hover.
+    void setOpBtnShow(QList<bool> lstShow);
+
+    void setPressed(bool bIsPressed);
+
+    void setChildIndex(int index);
+    /// "root-child" in decimal, e.g. "2-5".
+    QString getIndexText() const;
+
+    /// true: the tool tip shows the full upper text; false: no tool tip.
+    void setTipShow(bool bIsShow);
+
+    void reTranslateUI() override;
+
+signals:
+    void signal_OnItemClicked();
+    void signal_OnEditBtnClicked();
+    void signal_OnDeleteBtnClicked();
+    void signal_OnCaptureBtnClicked();
+
+private slots:
+    void slot_OnCaptureBtnClicked();
+    void slot_OnEditBtnClicked();
+    void slot_OnDeleteBtnClicked();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void enterEvent(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void fitTexts();
+    void placeButtons();
+
+    QHBoxLayout *m_pMainLayout;
+    QFrame *m_qfBtns;
+    QLabel *m_qlIcon;
+    QLabel *m_qlUpper;
+    QLabel *m_qlDown;
+    QToolButton *m_pCaptureBtn;
+    QToolButton *m_pEditBtn;
+    QToolButton *m_pDeleteBtn;
+    QToolButton *m_pFourthBtn;
+    bool m_bIsPressed;
+    bool m_bShowDelete;
+    bool m_bShowFourth;
+    bool m_bShowEdit;
+    bool m_bShowCapture;
+    st_NodeInfoSignal m_stNodeInfo;
+    int m_iRootIndex;
+    int m_iChildIndex;
+    int m_iTextWidthBudget;
+    QString m_strUpperText;
+    QString m_strDownText;
+};
+
+#endif // SIGNALTREELIST_SECONDITEM_H

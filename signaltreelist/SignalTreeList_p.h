@@ -1,0 +1,24 @@
+#ifndef SIGNALTREELIST_SIGNALTREELIST_P_H
+#define SIGNALTREELIST_SIGNALTREELIST_P_H
+
+// Internal: not installed, not part of the library's interface.
+
+#include <QPointer>
+
+class QLayout;
+class QWidget;
+class TreeListFrame;
+
+class SignalTreeListPrivate
+{
+public:
+    // Guarded: the frame lives on the host's parent widget, which may delete
+    // it before this widget goes.
+    QPointer<TreeListFrame> pTreeListFrame;
+    QWidget *pParentWidget = nullptr;
+    // The layout made by initControls() when there is no parent widget to
+    // own it; freed with the widget.
+    QLayout *pOrphanLayout = nullptr;
+};
+
+#endif // SIGNALTREELIST_SIGNALTREELIST_P_H

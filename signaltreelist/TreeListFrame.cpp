@@ -1,0 +1,357 @@
+#include "TreeListFrame.h"
+
+#include "DrawerControl.h"
+#include "StyleConstants.h"
+
+#include <ScrollBarEx.h>
+
+#include <QDebug>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+TreeListFrame::TreeListFrame(QWidget *parent)
+    : CLanguageTranslateFrame(parent)
+    , m_pDrawerContainer(nullptr)
+    , m_pContainerLayout(nullptr)
+    , m_pMainLayout(nullptr)
+    , m_pScrollArea(nullptr)
+    , m_bIsDrag(false)
+{
+    setObjectName(QStringLiteral("TreeListFrame"));
+}
+
+TreeListFrame::~TreeListFrame()
+{
+    qDebug() << "[Tarn]::TreeListFrame::~TreeListFrame()";
+    clearTree();
+    qDebug() << "[Tarn]::TreeListFrame::~TreeListFrame() end";
+}
+
+void TreeListFrame::initControls()
+{
+    m_pMainLayout = new QHBoxLayout(this);
+    m_pMainLayout->setMargin(0);
+    m_pMainLayout->setSpacing(16);
+    m_pMainLayout->setContentsMargins(0, 0, 0, 0);
+
+    m_pDrawerContainer = new CLanguageTranslateFrame(this);
+    m_pDrawerContainer->setObjectName(QStringLiteral("DrawerContainer"));
+
+    m_pContainerLayout = new QVBoxLayout(m_pDrawerContainer);
+    m_pContainerLayout->setMargin(0);
+    m_pContainerLayout->setSpacing(16);
+    m_pContainerLayout->setContentsMargins(0, 0, 0, 0);
+
+    m_pScrollArea = new QScrollArea();
+    // The bars keep their look after the temporaries are gone.
+    ScrollBarEx(m_pScrollArea->verticalScrollBar(), true).setTreeVerticalStyle();
+    ScrollBarEx(m_pScrollArea->horizontalScrollBar(), true).setTreeHorizontalStyle();
+    m_pScrollArea->setContentsMargins(10, 0, 0, 0);
+    m_pScrollArea->setWidgetResizable(true);
+    m_pScrollArea->setWidget(m_pDrawerContainer);
+    m_pMainLayout->addWidget(m_pScrollArea);
+}
+
+void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
+                                        QList<st_NodeInfoSignal> childNodes, int position)
+{
+    if (!m_pContainerLayout)
+        return;
+
+    DrawerControl *pDrawer = new DrawerControl(m_pDrawerContainer);
+    pDrawer->initRootItem(rootNode.iType == 0 ? 1 : 0, position);
+    pDrawer->setIsDrag(m_bIsDrag);
+    pDrawer->modifyRootItemData(rootNode);
+    if (!childNodes.isEmpty())
+        pDrawer->addSecondItems(childNodes);
+    else
+        pDrawer->setRootItemState(1);
+    m_lstDrawers.insert(qBound(0, position, m_lstDrawers.size()), pDrawer);
+
+    connect(pDrawer, &DrawerControl::signal_OnCurrentItemClicked, this,
+            &TreeListFrame::signal_OnCurrentItemClicked);
+    connect(pDrawer, &DrawerControl::signal_OnItemsIsDraged, this,
+            &TreeListFrame::slot_OnItemsIsDraged);
+    // Queued: the grouping must run after the drop handler has returned.
+    connect(pDrawer, &DrawerControl::signal_OnCompleteDraged, this,
+            &TreeListFrame::slot_OnCompleteDraged, Qt::QueuedConnection);
+    connect(pDrawer, &DrawerControl::signal_OnCaptureBtnClicked, this,
+            &TreeListFrame::signal_OnCaptureBtnClicked);
+    connect(pDrawer, &DrawerControl::signal_OnEditBtnClicked, this,
+            &TreeListFrame::signal_OnEditBtnClicked);
+    connect(pDrawer, &DrawerControl::signal_OnDeleteBtnClicked, this,
+            &TreeListFrame::signal_OnDeleteBtnClicked);
+
+    // Only ceil(count/2) items go: the count is re-read on every pass.
+    // Drawers still in the layout move to their new place when re-added.
+    if (m_pContainerLayout->count() > 0) {
+        int i = 0;
+        do {
+            QLayoutItem *pLast = m_pContainerLayout->itemAt(m_pContainerLayout->count() - 1);
+            m_pContainerLayout->removeItem(pLast);
+            delete pLast; // the item only, never its widget
+            ++i;
+        } while (i < m_pContainerLayout->count());
+    }
+    for (DrawerControl *pEntry : qAsConst(m_lstDrawers)) {
+        if (pEntry)
+            m_pContainerLayout->addWidget(pEntry);
+    }
+    m_pContainerLayout->addStretch(0);
+}
+
+void TreeListFrame::addRootItem(st_NodeInfoSignal rootNode)
+{
+    createDrawerControl(rootNode, QList<st_NodeInfoSignal>(), m_lstDrawers.size());
+}
+
+void TreeListFrame::addRootItem(st_NodeInfoSignal rootNode, QList<st_NodeInfoSignal> childNodes)
+{
+    createDrawerControl(rootNode, childNodes, m_lstDrawers.size());
+}
+
+void TreeListFrame::addChildItem(int root, QList<st_NodeInfoSignal> childNodes)
+{
+    if (DrawerControl *pDrawer = drawerAt(root))
+        pDrawer->addSecondItems(childNodes);
+}
+
+void TreeListFrame::releaseDrawer(DrawerControl *pDrawer)
+{
+    disconnect(pDrawer, &DrawerControl::signal_OnCurrentItemClicked, this,
+               &TreeListFrame::signal_OnCurrentItemClicked);
+    pDrawer->releaseSelf();
+}
+
+void TreeListFrame::clearTree()
+{
+    for (int i = 0; i < m_lstDrawers.size(); ++i) {
+        if (DrawerControl *pDrawer = m_lstDrawers.at(i)) {
+            releaseDrawer(pDrawer);
+            m_lstDrawers[i] = nullptr;
+        }
+    }
+    m_lstDrawers = QList<DrawerControl *>();
+}
+
+void TreeListFrame::deleteRootItem(int root)
+{
+    DrawerControl *pDrawer = drawerAt(root);
+    if (!pDrawer)
+        return;
+    pDrawer->hide();
+    releaseDrawer(pDrawer);
+    m_lstDrawers[root] = nullptr;
+    m_lstDrawers.removeAt(root);
+}
+
+void TreeListFrame::deleteChildeItem(int root, int child)
+{
+    if (DrawerControl *pDrawer = drawerAt(root))
+        pDrawer->deleteSecondItem(child);
+}
+
+void TreeListFrame::modifyItemData(QList<int> path, st_NodeInfoSignal node)
+{
+    if (path.size() == 1) {
+        if (!m_lstDrawers.isEmpty() && path.at(0) == 0 && m_lstDrawers.first())
+            m_lstDrawers.first()->modifyRootItemData(node);
+    } else if (path.size() == 2) {
+        // Root row 0 only, and then child c of every drawer: kept as hosts
+        // have always seen it.
+        for (DrawerControl *pDrawer : qAsConst(m_lstDrawers)) {
+            if (pDrawer && path.at(0) == 0)
+                pDrawer->modifySecondItemData(path.at(1), node);
+        }
+    }
+}
+
+std::pair<bool, st_NodeInfoSignal> TreeListFrame::getItemSignalNode(const QList<int> &path)
+{
+    bool bFlag = false;
+    st_NodeInfoSignal node;
+    if (path.size() == 1) {
+        if (!m_lstDrawers.isEmpty() && path.at(0) == 0 && m_lstDrawers.first()) {
+            node = m_lstDrawers.first()->getRootNodeInfo();
+            bFlag = true;
+        }
+    } else if (path.size() == 2) {
+        // The flag reports that some drawer lacked the child: an inverted
+        // sense that hosts already depend on.
+        for (DrawerControl *pDrawer : qAsConst(m_lstDrawers)) {
+            if (pDrawer && path.at(0) == 0 && pDrawer->getSecondNodeInfo(path.at(1), node) == 0)
+                bFlag = true;
+        }
+    }
+    return std::make_pair(bFlag, node);
+}
+
+void TreeListFrame::setCurSelItem(QList<int> path)
+{
+    if (path.size() == 1) {
+        const int root = path.at(0);
+        for (int j = 0; j < m_lstDrawers.size(); ++j) {
+            DrawerControl *pDrawer = m_lstDrawers.at(j);
+            if (j < root) {
+                if (pDrawer)
+                    pDrawer->setRootItemSelected(false);
+            } else if (j == root) {
+                if (pDrawer)
+                    pDrawer->setRootItemSelected(true);
+                break;
+            }
+        }
+    } else if (path.size() == 2) {
+        if (DrawerControl *pDrawer = drawerAt(path.at(0)))
+            pDrawer->setCurSelSecondItem(path.at(1));
+    }
+}
+
+void TreeListFrame::setIsDrag(bool bIsDrag)
+{
+    m_bIsDrag = bIsDrag;
+    for (DrawerControl *pDrawer : qAsConst(m_lstDrawers)) {
+        if (pDrawer)
+            pDrawer->setIsDrag(bIsDrag);
+    }
+}
+
+void TreeListFrame::setIsShowChildItem(int root, bool bIsShow)
+{
+    if (DrawerControl *pDrawer = drawerAt(root))
+        pDrawer->setIsShowChildItem(bIsShow);
+}
+
+void TreeListFrame::setSignalRootName(QString name)
+{
+    m_qlRootName.clear();
+    m_qlRootName.append(name);
+}
+
+void TreeListFrame::reTranslateUI()
+{
+    for (DrawerControl *pDrawer : qAsConst(m_lstDrawers)) {
+        if (pDrawer)
+            pDrawer->reTranslateUI();
+    }
+}
+
+QList<DrawerControl *> TreeListFrame::drawers() const
+{
+    return m_lstDrawers;
+}
+
+QList<int> TreeListFrame::dragSource() const
+{
+    return m_lstDragSrc;
+}
+
+QList<int> TreeListFrame::dragDestination() const
+{
+    return m_lstDragDst;
+}
+
+QStringList TreeListFrame::pendingRootName() const
+{
+    return m_qlRootName;
+}
+
+DrawerControl *TreeListFrame::drawerAt(int root) const
+{
+    return root >= 0 && root < m_lstDrawers.size() ? m_lstDrawers.at(root) : nullptr;
+}
+
+void TreeListFrame::slot_OnItemsIsDraged(QList<int> lstSrc, QList<int> lstDst)
+{
+    m_lstDragSrc = lstSrc;
+    m_lstDragDst = lstDst;
+}
+
+void TreeListFrame::slot_OnCompleteDraged()
+{
+    st_NodeInfoSignal src;
+    st_NodeInfoSignal dst;
+    getNodeByIndex(m_lstDragSrc, src);
+    getNodeByIndex(m_lstDragDst, dst);
+
+    // Same source, or both lookups failed: nothing to group. The stored
+    // paths stay until the next drop overwrites them.
+    if (src.strSourceName == dst.strSourceName) {
+        updateDrawerIndexes();
+        return;
+    }
+
+    if (m_lstDragDst.size() == 1) {
+        if (dst.iType == 0) {
+            updateDrawerIndexes();
+            return;
+        }
+        if (dst.iType == 1) {
+            addChildItem(m_lstDragDst.at(0), QList<st_NodeInfoSignal>() << src);
+            emit signal_OnAddSecondItems(m_lstDragSrc, m_lstDragDst);
+        }
+    } else if (m_lstDragDst.size() == 2) {
+        const QList<st_NodeInfoSignal> children = QList<st_NodeInfoSignal>() << src << dst;
+        const st_NodeInfoSignal root = getNewRootNode();
+        createDrawerControl(root, children, m_lstDrawers.size());
+        m_qlRootName.clear();
+        const QList<int> newPath = QList<int>() << m_lstDrawers.size() - 1;
+        emit signal_OnAddRootItem(root.strNodeName.value(0));
+        emit signal_OnAddSecondItems(m_lstDragSrc, newPath);
+        emit signal_OnAddSecondItems(m_lstDragDst, newPath);
+    }
+
+    m_lstDragSrc.clear();
+    m_lstDragDst.clear();
+    updateDrawerIndexes();
+}
+
+void TreeListFrame::getNodeByIndex(const QList<int> &path, st_NodeInfoSignal &node)
+{
+    if (path.size() == 1) {
+        if (DrawerControl *pDrawer = drawerAt(path.at(0)))
+            node = pDrawer->getRootNodeInfo();
+    } else if (path.size() == 2) {
+        if (DrawerControl *pDrawer = drawerAt(path.at(0)))
+            pDrawer->getSecondNodeInfo(path.at(1), node);
+    }
+}
+
+st_NodeInfoSignal TreeListFrame::getNewRootNode()
+{
+    // A host slot connected directly may answer with setSignalRootName()
+    // before this emission returns.
+    emit signal_OnGetNewRootName();
+    st_NodeInfoSignal node;
+    node.strNodeName = m_qlRootName.isEmpty() ? createDefaultRootName() : m_qlRootName;
+    return node;
+}
+
+QStringList TreeListFrame::createDefaultRootName()
+{
+    QList<QStringList> names;
+    for (DrawerControl *pDrawer : qAsConst(m_lstDrawers)) {
+        if (pDrawer)
+            names.append(pDrawer->getRootNodeInfo().strNodeName);
+    }
+    for (int n = 1;; ++n) {
+        const QString candidate = g_qsStitchingName + QString::number(n, 10);
+        const bool taken = std::any_of(names.cbegin(), names.cend(), [&candidate](const QStringList &list) {
+            return list.contains(candidate, Qt::CaseSensitive);
+        });
+        if (!taken)
+            return QStringList() << candidate;
+    }
+}
+
+void TreeListFrame::updateDrawerIndexes()
+{
+    for (int i = 0; i < m_lstDrawers.size(); ++i) {
+        if (DrawerControl *pDrawer = m_lstDrawers.at(i))
+            pDrawer->setRootIndex(i);
+    }
+}

@@ -1,0 +1,44 @@
+#ifndef TARNWIDGETS_CLANGUAGETRANSLATEFRAME_H
+#define TARNWIDGETS_CLANGUAGETRANSLATEFRAME_H
+
+#include "tarnwidgets_export.h"
+
+#include <QFrame>
+#include <memory>
+
+class QScreen;
+class CLanguageTranslateFramePrivate;
+
+/**
+ * Base frame of every translatable widget of the tarn widget family.
+ *
+ * It calls reTranslateUI() whenever the application's language changes
+ * (QEvent::LanguageChange, which Qt sends after
+ * QCoreApplication::installTranslator()), and screenChangedEvent() whenever
+ * the top-level window that holds it moves to another screen.
+ */
+class TARNWIDGETS_EXPORT CLanguageTranslateFrame : public QFrame
+{
+    Q_OBJECT
+public:
+    explicit CLanguageTranslateFrame(QWidget *parent = nullptr);
+    ~CLanguageTranslateFrame() override;
+
+    /// Re-applies every translated text. The base does nothing.
+    virtual void reTranslateUI();
+
+protected:
+    /// Called after the frame's top-level window has moved to @p screen
+    /// (for instance a different DPI). The base does nothing.
+    virtual void screenChangedEvent(QScreen *screen);
+
+    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    void watchTopLevelWindow();
+
+    std::unique_ptr<CLanguageTranslateFramePrivate> d;
+};
+
+#endif // TARNWIDGETS_CLANGUAGETRANSLATEFRAME_H
