@@ -44,6 +44,10 @@ DrawerControl::~DrawerControl()
 {
     qDebug() << "[Tarn]::DrawerControl::~DrawerControl()";
     // The toolkit owns the drag object once it has run; never delete it here.
+    // If it is still our child it dies with us: its destroyed() must not
+    // call back into a drawer that is already gone.
+    if (m_pDrag)
+        disconnect(m_pDrag, nullptr, this, nullptr);
     m_pDrag = nullptr;
 }
 

@@ -33,8 +33,12 @@ void SignalTreeList::initControls()
     pLayout->setMargin(0);
     pLayout->setSpacing(0);
     pLayout->setContentsMargins(0, 0, 0, 0);
-    if (!m_pData->pParentWidget)
+    // Nothing owns the layout without a parent widget, nor when the parent
+    // already has a layout (Qt refuses a second one with a warning).
+    if (!m_pData->pParentWidget || m_pData->pParentWidget->layout() != pLayout) {
+        delete m_pData->pOrphanLayout;
         m_pData->pOrphanLayout = pLayout;
+    }
 
     TreeListFrame *pFrame = new TreeListFrame(m_pData->pParentWidget);
     m_pData->pTreeListFrame = pFrame;

@@ -16,8 +16,8 @@ public:
     // it before this widget goes.
     QPointer<TreeListFrame> pTreeListFrame;
     QWidget *pParentWidget = nullptr;
-    // The layout made by initControls() when there is no parent widget to
-    // own it; freed with the widget.
+    // The layout made by initControls() when no parent widget owns it (no
+    // parent, or one that already had a layout); freed with the widget.
     QLayout *pOrphanLayout = nullptr;
 };
 

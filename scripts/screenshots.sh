@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Regenerates the pictures under docs/ from the demo host, headless:
+#
+#   docs/demo.png                          the whole demo window
+#   docs/rootitem-{normal,hover,press}.png   a root row in each look state
+#   docs/seconditem-{normal,hover,press}.png a child row in each look state
+#
+# BUILD_DIR overrides the build directory.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+
+ensure_build_packages
+build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build}
+configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_EXAMPLES=ON
+demo="$build_dir/examples/demohost/signaltreelist_demo"
+
+docs="$SIGNALTREELIST_ROOT/docs"
+mkdir -p "$docs"
+QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="qt.qpa.*=false" \
+    "$demo" --screenshot "$docs/demo.png" --closeups "$docs" --scale 2 >/dev/null 2>&1 || {
+    echo "The demo failed to render; run it by hand to see why:" >&2
+    echo "  QT_QPA_PLATFORM=offscreen $demo --screenshot $docs/demo.png --closeups $docs" >&2
+    exit 1
+}
+for picture in demo rootitem-normal rootitem-hover rootitem-press \
+               seconditem-normal seconditem-hover seconditem-press; do
+    if [ ! -s "$docs/$picture.png" ]; then
+        echo "missing $docs/$picture.png" >&2
+        exit 1
+    fi
+    echo "wrote docs/$picture.png"
+done

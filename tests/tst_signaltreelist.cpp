@@ -1,0 +1,1180 @@
+// Tests of the exported widget as a host application uses it: construction,
+// initControls, forwarding, relayed signals, destruction, misuse, and a real
+// drag between two drawers. Runs on the "minimal" platform, whose in-process
+// drag makes QDrag::exec run for real.
+
+#include "DrawerControl.h"
+#include "RootItem.h"
+#include "SecondItem.h"
+#include "SignalTreeList.h"
+#include "TreeListFrame.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QToolButton>
+#include <QWindow>
+#include <QtTest>
+
+#include <climits>
+#include <functional>
+#include <memory>
+
+namespace {
+
+// ---- records --------------------------------------------------------------
+
+st_NodeInfoSignal makeNode(const QString &name, const QString &source, int type = 0, int inputNo = 0)
+{
+    st_NodeInfoSignal node;
+    node.strNodeName = QStringList{name};
+    node.strSourceName = source;
+    node.iType = type;
+    node.isOnline = true;
+    node.iInputSourceNo = inputNo;
+    node.nNodeData1 = Q_INT64_C(0x300000000) + qHash(name);
+    return node;
+}
+
+QList<st_NodeInfoSignal> makeChildren(const QString &prefix, int count, const QString &source)
+{
+    QList<st_NodeInfoSignal> children;
+    for (int i = 0; i < count; ++i)
+        children << makeNode(QStringLiteral("%1-%2").arg(prefix).arg(i), source, 1 + i % 5);
+    return children;
+}
+
+bool isDefaultNode(const st_NodeInfoSignal &n)
+{
+    return n.strNodeName.isEmpty() && n.strSourceName.isEmpty() && !n.strSourceName.isNull()
+        && n.nNodeData1 == 0 && !n.isOnline && n.showOpBtn.isEmpty() && n.iType == 0 && n.nNodeData2 == 0
+        && n.iSignalGroupNo == 0 && n.eInputSourceType == 0 && n.iInputSourceNo == 0;
+}
+
+QString pathText(const QList<int> &path)
+{
+    QStringList parts;
+    for (int i : path)
+        parts << QString::number(i);
+    return parts.join(QLatin1Char(','));
+}
+
+// ---- host -----------------------------------------------------------------
+
+TreeListFrame *frameOf(SignalTreeList *list)
+{
+    return list ? qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame()) : nullptr;
+}
+
+struct Host
+{
+    std::unique_ptr<QWidget> parent;
+    QPointer<SignalTreeList> list; // owned by parent
+    TreeListFrame *frame() const { return frameOf(list); }
+    DrawerControl *drawer(int i) const { return frame()->drawers().value(i); }
+};
+
+std::unique_ptr<Host> makeHost(bool init = true)
+{
+    auto host = std::make_unique<Host>();
+    host->parent = std::make_unique<QWidget>();
+    host->parent->resize(400, 600);
+    host->list = new SignalTreeList(host->parent.get());
+    if (init)
+        host->list->initControls();
+    return host;
+}
+
+// Root "R<i>" (source "S<i>") with @p children child rows "R<i>-<c>".
+void addRoots(SignalTreeList *list, int count, int children)
+{
+    for (int i = 0; i < count; ++i) {
+        const QString name = QStringLiteral("R%1").arg(i);
+        st_NodeInfoSignal node = makeNode(name, QStringLiteral("S%1").arg(i));
+        list->addRootItem(node, makeChildren(name, children, QStringLiteral("S%1").arg(i)));
+    }
+}
+
+QStringList childNames(DrawerControl *d)
+{
+    QStringList names;
+    for (SecondItem *item : d->secondItems())
+        names << item->getNodeInfo().strNodeName.value(0);
+    return names;
+}
+
+QStringList snapshot(TreeListFrame *frame)
+{
+    QStringList out;
+    if (!frame)
+        return out;
+    for (DrawerControl *d : frame->drawers())
+        out << d->getRootNodeInfo().strNodeName.value(0) + QLatin1Char(':')
+                   + childNames(d).join(QLatin1Char(','));
+    return out;
+}
+
+int secondItemCount(QWidget *parent)
+{
+    return parent->findChildren<QWidget *>(QStringLiteral("SignalSecondItem")).size();
+}
+
+// Signal arguments as "type:value" texts (QVariant cannot compare lists).
+QStringList typedTexts(const QVariantList &values)
+{
+    QStringList out;
+    for (const QVariant &v : values) {
+        const QString text = v.userType() == qMetaTypeId<QList<int>>()
+            ? QLatin1Char('[') + pathText(v.value<QList<int>>()) + QLatin1Char(']')
+            : v.toString();
+        out << QString::fromLatin1(v.typeName()) + QLatin1Char(':') + text;
+    }
+    return out;
+}
+
+class HostRecorder : public QObject
+{
+public:
+    QStringList events;
+
+    explicit HostRecorder(SignalTreeList *list)
+    {
+        connect(list, &SignalTreeList::signal_OnDeleteItem, this,
+                [this](QList<int> p) { events << QStringLiteral("DeleteItem(%1)").arg(pathText(p)); });
+        connect(list, &SignalTreeList::signal_OnDeleteRootItem, this,
+                [this](int r) { events << QStringLiteral("DeleteRootItem(%1)").arg(r); });
+        connect(list, &SignalTreeList::signal_OnDeleteSecondItem, this, [this](int r, int c) {
+            events << QStringLiteral("DeleteSecondItem(%1,%2)").arg(r).arg(c);
+        });
+        connect(list, &SignalTreeList::signal_OnAddRootItem, this,
+                [this](QString name) { events << QStringLiteral("AddRootItem(%1)").arg(name); });
+        connect(list, &SignalTreeList::signal_OnAddSecondItems, this, [this](QList<int> s, QList<int> d) {
+            events << QStringLiteral("AddSecondItems(%1|%2)").arg(pathText(s), pathText(d));
+        });
+        connect(list, &SignalTreeList::signal_OnCurrentItemClicked, this, [this](QList<int> p) {
+            events << QStringLiteral("CurrentItemClicked(%1)").arg(pathText(p));
+        });
+        connect(list, &SignalTreeList::signal_OnGetNewRootName, this,
+                [this] { events << QStringLiteral("GetNewRootName()"); });
+        connect(list, &SignalTreeList::signal_OnEditBtnClicked, this,
+                [this](QList<int> p) { events << QStringLiteral("EditBtnClicked(%1)").arg(pathText(p)); });
+        connect(list, &SignalTreeList::signal_OnDeleteBtnClicked, this, [this](QList<int> p) {
+            events << QStringLiteral("DeleteBtnClicked(%1)").arg(pathText(p));
+        });
+        connect(list, &SignalTreeList::signal_OnCaptureBtnClicked, this, [this](QList<int> p) {
+            events << QStringLiteral("CaptureBtnClicked(%1)").arg(pathText(p));
+        });
+    }
+};
+
+class MessageCapture
+{
+public:
+    MessageCapture()
+    {
+        s_lines.clear();
+        s_previous = qInstallMessageHandler(&MessageCapture::handler);
+    }
+    ~MessageCapture() { qInstallMessageHandler(s_previous); }
+    QStringList lines() const { return s_lines; }
+
+private:
+    static void handler(QtMsgType type, const QMessageLogContext &context, const QString &msg)
+    {
+        s_lines << msg;
+        if (s_previous)
+            s_previous(type, context, msg);
+    }
+    static QStringList s_lines;
+    static QtMessageHandler s_previous;
+};
+QStringList MessageCapture::s_lines;
+QtMessageHandler MessageCapture::s_previous = nullptr;
+
+// ---- driving a real drag ---------------------------------------------------------
+
+void sendMouse(QWindow *window, QEvent::Type type, const QPoint &global, Qt::MouseButton button,
+               Qt::MouseButtons buttons)
+{
+    const QPoint local = window->mapFromGlobal(global);
+    QMouseEvent event(type, QPointF(local), QPointF(local), QPointF(global), button, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &event);
+}
+
+void sendEscape(QWindow *window)
+{
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &press);
+}
+
+QPoint globalCenter(QWidget *w)
+{
+    return w->mapToGlobal(w->rect().center());
+}
+
+// Plays the user's part while a drag runs. QDrag::exec blocks in its own
+// event loop, so everything that happens during the drag is started from a
+// timer that is running before the drag begins. A watchdog cancels a drag
+// that nobody ends, so that a failing test cannot hang.
+class DragPlayer : public QObject
+{
+public:
+    DragPlayer(DrawerControl *source, std::function<void()> whileDragging, QWindow *escapeTarget)
+        : m_source(source)
+        , m_whileDragging(std::move(whileDragging))
+        , m_escapeTarget(escapeTarget)
+    {
+        m_poll.setInterval(10);
+        connect(&m_poll, &QTimer::timeout, this, [this] {
+            if (acted || !m_source || !m_source->isDragging())
+                return;
+            acted = true;
+            m_poll.stop();
+            m_whileDragging();
+        });
+        m_watchdog.setSingleShot(true);
+        m_watchdog.setInterval(20000);
+        connect(&m_watchdog, &QTimer::timeout, this, [this] {
+            if (m_source && m_source->isDragging() && m_escapeTarget) {
+                watchdogFired = true;
+                sendEscape(m_escapeTarget);
+            }
+        });
+        m_poll.start();
+        m_watchdog.start();
+    }
+
+    bool acted = false;
+    bool watchdogFired = false;
+
+private:
+    QPointer<DrawerControl> m_source;
+    std::function<void()> m_whileDragging;
+    QPointer<QWindow> m_escapeTarget;
+    QTimer m_poll;
+    QTimer m_watchdog;
+};
+
+// Selects @p row with a click and then moves over it with the left button
+// held, which starts the drag; returns when the drag is over.
+void clickAndDrag(SecondItem *row)
+{
+    const QPoint local = row->rect().center();
+    QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, local);
+    QMouseEvent move(QEvent::MouseMove, QPointF(local), QPointF(row->mapToGlobal(local)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(row, &move);
+}
+
+// Two expanded drawers with dragging on, shown in the host's window:
+// "Source A" (iType 0, source "A") with A-0..A-2 and "Group B" (iType 1,
+// source "B") with B-0..B-2.
+std::unique_ptr<Host> makeDragHost()
+{
+    auto host = makeHost();
+    host->list->setIsDrag(true);
+    st_NodeInfoSignal a = makeNode(QStringLiteral("Source A"), QStringLiteral("A"), 0);
+    st_NodeInfoSignal b = makeNode(QStringLiteral("Group B"), QStringLiteral("B"), 1);
+    host->list->addRootItem(a, makeChildren(QStringLiteral("A"), 3, QStringLiteral("A")));
+    host->list->addRootItem(b, makeChildren(QStringLiteral("B"), 3, QStringLiteral("B")));
+    host->list->setIsShowChildItem(0, true);
+    host->list->setIsShowChildItem(1, true);
+    host->parent->show();
+    return host;
+}
+
+bool dragHostReady(Host *host)
+{
+    if (!QTest::qWaitForWindowExposed(host->parent.get()))
+        return false;
+    DrawerControl *d1 = host->drawer(1);
+    SecondItem *last = d1->secondItems().value(2);
+    return last && QTest::qWaitFor([&] {
+               return last->isVisible() && last->height() > 0
+                   && host->parent->rect().contains(last->mapTo(host->parent.get(), last->rect().bottomRight()));
+           });
+}
+
+using Op = std::function<void(SignalTreeList *)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Op)
+
+class tst_SignalTreeList : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void metaObjectListsTenSignalsInTableOrder();
+    void constructorBuildsNothing();
+    void operationsBeforeInitControlsDoNothing_data();
+    void operationsBeforeInitControlsDoNothing();
+    void getItemSignalNodeBeforeInitControls_data();
+    void getItemSignalNodeBeforeInitControls();
+    void initControlsPutsLayoutAndFrameOnParent();
+    void initControlsWithoutParent();
+    void initControlsTwiceKeepsTheFirstFrameOnTheParent();
+    void initControlsOnParentThatHasALayout();
+    void frameSignalsAreRelayed_data();
+    void frameSignalsAreRelayed();
+    void destroyingDeletesTheFrameOnce_data();
+    void destroyingDeletesTheFrameOnce();
+    void deleteChildeItemByPathLength_data();
+    void deleteChildeItemByPathLength();
+    void updateTreeList_data();
+    void updateTreeList();
+    void addChildItemUsesFirstElementOnly_data();
+    void addChildItemUsesFirstElementOnly();
+    void setSignalTreeListFrameVisiable();
+    void childClickReachesHostSynchronously();
+    void rootEditButtonReportsCurrentSelection();
+    void misuseNeverCrashes_data();
+    void misuseNeverCrashes();
+
+    void realDragStoresPathsOnly_data();
+    void realDragStoresPathsOnly();
+    void deletingSourceRootDuringDrag_data();
+    void deletingSourceRootDuringDrag();
+    void destroyingListDuringDrag_data();
+    void destroyingListDuringDrag();
+};
+
+void tst_SignalTreeList::initTestCase()
+{
+    qRegisterMetaType<QList<int>>();
+}
+
+void tst_SignalTreeList::metaObjectListsTenSignalsInTableOrder()
+{
+    const QMetaObject *mo = &SignalTreeList::staticMetaObject;
+    QCOMPARE(QByteArray(mo->className()), QByteArray("SignalTreeList"));
+    const QList<QByteArray> expected{
+        "signal_OnDeleteItem(QList<int>)",
+        "signal_OnDeleteRootItem(int)",
+        "signal_OnDeleteSecondItem(int,int)",
+        "signal_OnAddRootItem(QString)",
+        "signal_OnAddSecondItems(QList<int>,QList<int>)",
+        "signal_OnCurrentItemClicked(QList<int>)",
+        "signal_OnGetNewRootName()",
+        "signal_OnEditBtnClicked(QList<int>)",
+        "signal_OnDeleteBtnClicked(QList<int>)",
+        "signal_OnCaptureBtnClicked(QList<int>)",
+    };
+    QCOMPARE(mo->methodCount() - mo->methodOffset(), expected.size()); // no slots
+    for (int i = 0; i < expected.size(); ++i) {
+        const QMetaMethod m = mo->method(mo->methodOffset() + i);
+        QCOMPARE(m.methodSignature(), expected.at(i));
+        QCOMPARE(m.methodType(), QMetaMethod::Signal);
+        QCOMPARE(m.access(), QMetaMethod::Public);
+    }
+    QCOMPARE(mo->propertyCount(), mo->propertyOffset());
+    QVERIFY(mo->inherits(&CLanguageTranslateFrame::staticMetaObject));
+}
+
+void tst_SignalTreeList::constructorBuildsNothing()
+{
+    QWidget parent;
+    auto *list = new SignalTreeList(&parent);
+    QCOMPARE(list->parentWidget(), &parent);
+    QVERIFY(list->getSignalTreeListFrame() == nullptr);
+    QVERIFY(list->findChildren<QWidget *>().isEmpty());
+    QVERIFY(list->layout() == nullptr);
+    QVERIFY(parent.layout() == nullptr);
+    QCOMPARE(parent.findChildren<QWidget *>().size(), 1);
+}
+
+void tst_SignalTreeList::operationsBeforeInitControlsDoNothing_data()
+{
+    QTest::addColumn<Op>("op");
+
+    QTest::newRow("addRootItem") << Op([](SignalTreeList *l) {
+        st_NodeInfoSignal n = makeNode(QStringLiteral("n"), QStringLiteral("n"));
+        l->addRootItem(n);
+    });
+    QTest::newRow("addRootItem with children") << Op([](SignalTreeList *l) {
+        st_NodeInfoSignal n = makeNode(QStringLiteral("n"), QStringLiteral("n"));
+        l->addRootItem(n, makeChildren(QStringLiteral("n"), 2, QStringLiteral("n")));
+    });
+    QTest::newRow("addChildItem") << Op([](SignalTreeList *l) {
+        l->addChildItem(QList<int>{0}, makeChildren(QStringLiteral("n"), 2, QStringLiteral("n")));
+    });
+    QTest::newRow("addChildItem, empty path") << Op([](SignalTreeList *l) {
+        l->addChildItem(QList<int>{}, makeChildren(QStringLiteral("n"), 1, QStringLiteral("n")));
+    });
+    QTest::newRow("clearTree") << Op([](SignalTreeList *l) { l->clearTree(); });
+    QTest::newRow("deleteRootItem") << Op([](SignalTreeList *l) { l->deleteRootItem(0); });
+    QTest::newRow("deleteChildeItem [0]") << Op([](SignalTreeList *l) { l->deleteChildeItem(QList<int>{0}); });
+    QTest::newRow("deleteChildeItem [0, 0]")
+        << Op([](SignalTreeList *l) { l->deleteChildeItem(QList<int>{0, 0}); });
+    QTest::newRow("getItemSignalNode") << Op([](SignalTreeList *l) { l->getItemSignalNode(QList<int>{0}); });
+    QTest::newRow("modifyItemData") << Op([](SignalTreeList *l) {
+        st_NodeInfoSignal n = makeNode(QStringLiteral("n"), QStringLiteral("n"));
+        l->modifyItemData(QList<int>{0}, n);
+    });
+    QTest::newRow("reTranslateUI") << Op([](SignalTreeList *l) { l->reTranslateUI(); });
+    QTest::newRow("setCurSelItem") << Op([](SignalTreeList *l) { l->setCurSelItem(QList<int>{0, 0}); });
+    QTest::newRow("setIsDrag") << Op([](SignalTreeList *l) { l->setIsDrag(true); });
+    QTest::newRow("setIsShowChildItem") << Op([](SignalTreeList *l) { l->setIsShowChildItem(0, true); });
+    QTest::newRow("setSignalRootName")
+        << Op([](SignalTreeList *l) { l->setSignalRootName(QStringLiteral("Early")); });
+    QTest::newRow("setSignalTreeListFrameVisiable")
+        << Op([](SignalTreeList *l) { l->setSignalTreeListFrameVisiable(false); });
+    QTest::newRow("updateTreeList") << Op([](SignalTreeList *l) {
+        QMap<st_NodeInfoSignal, QList<st_NodeInfoSignal>> tree;
+        tree.insert(makeNode(QStringLiteral("a"), QStringLiteral("a"), 0, 1),
+                    makeChildren(QStringLiteral("a"), 1, QStringLiteral("a")));
+        tree.insert(makeNode(QStringLiteral("b"), QStringLiteral("b"), 0, 2), {});
+        l->updateTreeList(tree);
+    });
+}
+
+void tst_SignalTreeList::operationsBeforeInitControlsDoNothing()
+{
+    QFETCH(Op, op);
+    auto host = makeHost(false);
+    const int parentChildren = host->parent->children().size();
+    const int listChildren = host->list->children().size();
+    HostRecorder recorder(host->list);
+
+    op(host->list);
+
+    QVERIFY(host->list->getSignalTreeListFrame() == nullptr);
+    QCOMPARE(host->parent->children().size(), parentChildren);
+    QCOMPARE(host->list->children().size(), listChildren);
+    QVERIFY(host->parent->layout() == nullptr);
+    QVERIFY(host->parent->findChildren<DrawerControl *>().isEmpty());
+    QVERIFY(recorder.events.isEmpty());
+
+    // Nothing was kept for later either.
+    host->list->initControls();
+    TreeListFrame *frame = host->frame();
+    QVERIFY(frame);
+    QVERIFY(frame->drawers().isEmpty());
+    QVERIFY(frame->pendingRootName().isEmpty());
+    QVERIFY(!frame->isHidden());
+    st_NodeInfoSignal n = makeNode(QStringLiteral("late"), QStringLiteral("late"));
+    host->list->addRootItem(n);
+    QCOMPARE(frame->drawers().size(), 1);
+    QVERIFY(!frame->drawers().first()->acceptDrops());
+    QVERIFY(recorder.events.isEmpty());
+}
+
+void tst_SignalTreeList::getItemSignalNodeBeforeInitControls_data()
+{
+    QTest::addColumn<QList<int>>("path");
+    QTest::newRow("[]") << QList<int>{};
+    QTest::newRow("[0]") << QList<int>{0};
+    QTest::newRow("[0, 0]") << QList<int>{0, 0};
+    QTest::newRow("[0, 9]") << QList<int>{0, 9};
+    QTest::newRow("[0, 0, 0]") << QList<int>{0, 0, 0};
+}
+
+void tst_SignalTreeList::getItemSignalNodeBeforeInitControls()
+{
+    QFETCH(QList<int>, path);
+    SignalTreeList list(nullptr);
+    const auto result = list.getItemSignalNode(path);
+    QCOMPARE(result.first, false);
+    QVERIFY(isDefaultNode(result.second));
+    QVERIFY(list.getSignalTreeListFrame() == nullptr);
+}
+
+void tst_SignalTreeList::initControlsPutsLayoutAndFrameOnParent()
+{
+    QWidget parent;
+    parent.resize(300, 400);
+    auto *list = new SignalTreeList(&parent);
+    list->initControls();
+
+    QFrame *frame = list->getSignalTreeListFrame();
+    QVERIFY(frame);
+    QVERIFY(qobject_cast<TreeListFrame *>(frame));
+    QCOMPARE(frame->objectName(), QStringLiteral("TreeListFrame"));
+    QCOMPARE(frame->parentWidget(), &parent);
+    QVERIFY(frame->findChild<QScrollArea *>()); // the frame was initialised
+
+    QHBoxLayout *layout = qobject_cast<QHBoxLayout *>(parent.layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->spacing(), 0);
+    QCOMPARE(layout->contentsMargins(), QMargins(0, 0, 0, 0));
+    QCOMPARE(layout->count(), 1);
+    QCOMPARE(layout->itemAt(0)->widget(), static_cast<QWidget *>(frame));
+    QCOMPARE(layout->stretch(0), 0);
+    QCOMPARE(int(layout->itemAt(0)->alignment()), 0);
+
+    // The widget itself stays empty: everything lives on the host's parent.
+    QVERIFY(list->layout() == nullptr);
+    QVERIFY(list->findChildren<QWidget *>().isEmpty());
+
+    parent.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&parent));
+    QTRY_COMPARE(frame->geometry(), parent.rect());
+}
+
+void tst_SignalTreeList::initControlsWithoutParent()
+{
+    auto list = std::make_unique<SignalTreeList>(nullptr);
+    list->initControls();
+    QPointer<QFrame> frame = list->getSignalTreeListFrame();
+    QVERIFY(frame);
+    QVERIFY(frame->parentWidget() == nullptr);
+    st_NodeInfoSignal n = makeNode(QStringLiteral("n"), QStringLiteral("n"));
+    list->addRootItem(n);
+    QCOMPARE(frameOf(list.get())->drawers().size(), 1);
+    list.reset();
+    QVERIFY(frame.isNull());
+}
+
+void tst_SignalTreeList::initControlsTwiceKeepsTheFirstFrameOnTheParent()
+{
+    QWidget parent;
+    QPointer<SignalTreeList> list = new SignalTreeList(&parent);
+    list->initControls();
+    QPointer<QFrame> first = list->getSignalTreeListFrame();
+    list->initControls();
+    QPointer<QFrame> second = list->getSignalTreeListFrame();
+    QVERIFY(first);
+    QVERIFY(second);
+    QVERIFY(first != second);
+    QCOMPARE(first->parentWidget(), &parent);
+    QCOMPARE(second->parentWidget(), &parent);
+
+    // Operations reach the newer frame only.
+    st_NodeInfoSignal n = makeNode(QStringLiteral("n"), QStringLiteral("n"));
+    list->addRootItem(n);
+    QCOMPARE(frameOf(list)->drawers().size(), 1);
+    QCOMPARE(qobject_cast<TreeListFrame *>(first.data())->drawers().size(), 0);
+
+    delete list;
+    QVERIFY(second.isNull());
+    QVERIFY(!first.isNull()); // goes with the parent
+}
+
+// Qt keeps the host's own layout; the list's frame still lands on the
+// parent, works, and goes with the widget, leaving the host's layout intact.
+void tst_SignalTreeList::initControlsOnParentThatHasALayout()
+{
+    QWidget parent;
+    auto *hostLayout = new QVBoxLayout(&parent);
+    auto *label = new QLabel(QStringLiteral("host"), &parent);
+    hostLayout->addWidget(label);
+    QPointer<SignalTreeList> list = new SignalTreeList(&parent);
+
+    list->initControls();
+
+    QCOMPARE(parent.layout(), static_cast<QLayout *>(hostLayout));
+    QCOMPARE(hostLayout->count(), 1);
+    QPointer<QFrame> frame = list->getSignalTreeListFrame();
+    QVERIFY(frame);
+    QCOMPARE(frame->parentWidget(), &parent);
+    addRoots(list, 2, 1);
+    QCOMPARE(frameOf(list)->drawers().size(), 2);
+
+    delete list;
+    QVERIFY(frame.isNull());
+    QCOMPARE(parent.layout(), static_cast<QLayout *>(hostLayout));
+    QCOMPARE(hostLayout->count(), 1);
+    QCOMPARE(hostLayout->itemAt(0)->widget(), static_cast<QWidget *>(label));
+}
+
+void tst_SignalTreeList::frameSignalsAreRelayed_data()
+{
+    QTest::addColumn<int>("which");
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<QVariantList>("arguments");
+    QTest::addColumn<QString>("expected");
+
+    const auto path = [](std::initializer_list<int> l) { return QVariant::fromValue(QList<int>(l)); };
+    QTest::newRow("signal_OnCurrentItemClicked")
+        << 0 << QByteArray("signal_OnCurrentItemClicked(QList<int>)") << QVariantList{path({1, 3})}
+        << QStringLiteral("CurrentItemClicked(1,3)");
+    QTest::newRow("signal_OnAddRootItem")
+        << 1 << QByteArray("signal_OnAddRootItem(QString)") << QVariantList{QStringLiteral("Group X")}
+        << QStringLiteral("AddRootItem(Group X)");
+    QTest::newRow("signal_OnAddSecondItems")
+        << 2 << QByteArray("signal_OnAddSecondItems(QList<int>,QList<int>)")
+        << QVariantList{path({0, 2}), path({5})} << QStringLiteral("AddSecondItems(0,2|5)");
+    QTest::newRow("signal_OnDeleteItem") << 3 << QByteArray("signal_OnDeleteItem(QList<int>)")
+                                         << QVariantList{path({4, 1})} << QStringLiteral("DeleteItem(4,1)");
+    QTest::newRow("signal_OnDeleteRootItem") << 4 << QByteArray("signal_OnDeleteRootItem(int)")
+                                             << QVariantList{6} << QStringLiteral("DeleteRootItem(6)");
+    QTest::newRow("signal_OnDeleteSecondItem") << 5 << QByteArray("signal_OnDeleteSecondItem(int,int)")
+                                               << QVariantList{2, 8} << QStringLiteral("DeleteSecondItem(2,8)");
+    QTest::newRow("signal_OnGetNewRootName") << 6 << QByteArray("signal_OnGetNewRootName()") << QVariantList{}
+                                             << QStringLiteral("GetNewRootName()");
+    QTest::newRow("signal_OnCaptureBtnClicked")
+        << 7 << QByteArray("signal_OnCaptureBtnClicked(QList<int>)") << QVariantList{path({7, 0})}
+        << QStringLiteral("CaptureBtnClicked(7,0)");
+    QTest::newRow("signal_OnEditBtnClicked") << 8 << QByteArray("signal_OnEditBtnClicked(QList<int>)")
+                                             << QVariantList{path({3})} << QStringLiteral("EditBtnClicked(3)");
+    QTest::newRow("signal_OnDeleteBtnClicked")
+        << 9 << QByteArray("signal_OnDeleteBtnClicked(QList<int>)") << QVariantList{path({9, 9})}
+        << QStringLiteral("DeleteBtnClicked(9,9)");
+}
+
+void tst_SignalTreeList::frameSignalsAreRelayed()
+{
+    QFETCH(int, which);
+    QFETCH(QByteArray, signature);
+    QFETCH(QVariantList, arguments);
+    QFETCH(QString, expected);
+    auto host = makeHost();
+    TreeListFrame *frame = host->frame();
+    QVERIFY(frame);
+    HostRecorder recorder(host->list);
+    QSignalSpy hostSpy(host->list.data(), QByteArray("2" + signature).constData());
+    QVERIFY(hostSpy.isValid());
+
+    switch (which) {
+    case 0: emit frame->signal_OnCurrentItemClicked(QList<int>{1, 3}); break;
+    case 1: emit frame->signal_OnAddRootItem(QStringLiteral("Group X")); break;
+    case 2: emit frame->signal_OnAddSecondItems(QList<int>{0, 2}, QList<int>{5}); break;
+    case 3: emit frame->signal_OnDeleteItem(QList<int>{4, 1}); break;
+    case 4: emit frame->signal_OnDeleteRootItem(6); break;
+    case 5: emit frame->signal_OnDeleteSecondItem(2, 8); break;
+    case 6: emit frame->signal_OnGetNewRootName(); break;
+    case 7: emit frame->signal_OnCaptureBtnClicked(QList<int>{7, 0}); break;
+    case 8: emit frame->signal_OnEditBtnClicked(QList<int>{3}); break;
+    case 9: emit frame->signal_OnDeleteBtnClicked(QList<int>{9, 9}); break;
+    default: QFAIL("unknown row");
+    }
+    // Directly, once, with the same arguments, and no other signal.
+    QCOMPARE(hostSpy.count(), 1);
+    QCOMPARE(typedTexts(hostSpy.first()), typedTexts(arguments));
+    QCOMPARE(recorder.events, QStringList{expected});
+    QCoreApplication::processEvents();
+    QCOMPARE(hostSpy.count(), 1);
+    QCOMPARE(recorder.events, QStringList{expected});
+}
+
+void tst_SignalTreeList::destroyingDeletesTheFrameOnce_data()
+{
+    QTest::addColumn<QString>("order");
+    QTest::newRow("widget, then parent") << QStringLiteral("widget");
+    QTest::newRow("parent only") << QStringLiteral("parent");
+    QTest::newRow("no parent") << QStringLiteral("orphan");
+    QTest::newRow("host deleted the frame first") << QStringLiteral("frame");
+}
+
+void tst_SignalTreeList::destroyingDeletesTheFrameOnce()
+{
+    QFETCH(QString, order);
+    const bool orphan = order == QLatin1String("orphan");
+    std::unique_ptr<QWidget> parent(orphan ? nullptr : new QWidget);
+    QPointer<SignalTreeList> list = new SignalTreeList(parent.get());
+    list->initControls();
+    addRoots(list, 2, 2);
+    QPointer<QFrame> frame = list->getSignalTreeListFrame();
+    QVERIFY(frame);
+    QSignalSpy destroyedSpy(frame.data(), &QObject::destroyed);
+    MessageCapture capture;
+
+    if (order == QLatin1String("frame")) {
+        delete frame.data();
+        QCOMPARE(destroyedSpy.count(), 1);
+        QVERIFY(list->getSignalTreeListFrame() == nullptr);
+        // The widget is still usable, as before initControls.
+        st_NodeInfoSignal n = makeNode(QStringLiteral("n"), QStringLiteral("n"));
+        list->addRootItem(n);
+        QCOMPARE(list->getItemSignalNode(QList<int>{0}).first, false);
+    }
+    if (order == QLatin1String("parent")) {
+        parent.reset();
+        QVERIFY(list.isNull());
+    } else {
+        delete list.data();
+        QCOMPARE(destroyedSpy.count(), 1);
+        QVERIFY(frame.isNull());
+        if (parent)
+            QCOMPARE(parent->findChildren<TreeListFrame *>().size(), 0);
+        parent.reset();
+    }
+    QVERIFY(frame.isNull());
+    QCOMPARE(destroyedSpy.count(), 1);
+    QCOMPARE(capture.lines().count(QStringLiteral("[Tarn]::TreeListFrame::~TreeListFrame()")), 1);
+    QCOMPARE(capture.lines().count(QStringLiteral("[Tarn]::TreeListFrame::~TreeListFrame() end")), 1);
+}
+
+void tst_SignalTreeList::deleteChildeItemByPathLength_data()
+{
+    QTest::addColumn<QList<int>>("path");
+    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<int>("rowsLeft");
+
+    const QStringList all{QStringLiteral("R0:R0-0,R0-1,R0-2"), QStringLiteral("R1:R1-0,R1-1,R1-2"),
+                          QStringLiteral("R2:R2-0,R2-1,R2-2")};
+    QTest::newRow("length 3: nothing") << QList<int>{1, 1, 1} << all << 9;
+    QTest::newRow("length 3 [0,1,2]: nothing") << QList<int>{0, 1, 2} << all << 9;
+    QTest::newRow("length 4: nothing") << QList<int>{0, 0, 0, 0} << all << 9;
+    QTest::newRow("length 0: nothing") << QList<int>{} << all << 9;
+    QTest::newRow("length 1: whole root row")
+        << QList<int>{1} << QStringList{QStringLiteral("R0:R0-0,R0-1,R0-2"), QStringLiteral("R2:R2-0,R2-1,R2-2")}
+        << 6;
+    QTest::newRow("length 1, root 0")
+        << QList<int>{0} << QStringList{QStringLiteral("R1:R1-0,R1-1,R1-2"), QStringLiteral("R2:R2-0,R2-1,R2-2")}
+        << 6;
+    QTest::newRow("length 2: one child")
+        << QList<int>{1, 2}
+        << QStringList{QStringLiteral("R0:R0-0,R0-1,R0-2"), QStringLiteral("R1:R1-0,R1-1"),
+                       QStringLiteral("R2:R2-0,R2-1,R2-2")}
+        << 8;
+    QTest::newRow("length 2: first child of last root")
+        << QList<int>{2, 0}
+        << QStringList{QStringLiteral("R0:R0-0,R0-1,R0-2"), QStringLiteral("R1:R1-0,R1-1,R1-2"),
+                       QStringLiteral("R2:R2-1,R2-2")}
+        << 8;
+}
+
+void tst_SignalTreeList::deleteChildeItemByPathLength()
+{
+    QFETCH(QList<int>, path);
+    QFETCH(QStringList, expected);
+    QFETCH(int, rowsLeft);
+
+    auto host = makeHost();
+    addRoots(host->list, 3, 3);
+    QCOMPARE(secondItemCount(host->parent.get()), 9);
+    QList<QPointer<DrawerControl>> guards;
+    for (DrawerControl *d : host->frame()->drawers())
+        guards << d;
+    HostRecorder recorder(host->list);
+
+    host->list->deleteChildeItem(path);
+
+    QCOMPARE(snapshot(host->frame()), expected);
+    QTRY_COMPARE(secondItemCount(host->parent.get()), rowsLeft);
+    int alive = 0;
+    for (const QPointer<DrawerControl> &d : guards)
+        alive += d.isNull() ? 0 : 1;
+    QCOMPARE(alive, expected.size());
+    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), expected.size());
+    QVERIFY(recorder.events.isEmpty());
+}
+
+void tst_SignalTreeList::updateTreeList_data()
+{
+    QTest::addColumn<int>("existing");
+    QTest::addColumn<int>("entries");
+    QTest::newRow("empty map") << 0 << 0;
+    QTest::newRow("empty map over two roots") << 2 << 0;
+    QTest::newRow("three entries") << 0 << 3;
+    QTest::newRow("three entries over two roots") << 2 << 3;
+}
+
+void tst_SignalTreeList::updateTreeList()
+{
+    QFETCH(int, existing);
+    QFETCH(int, entries);
+
+    auto host = makeHost();
+    for (int i = 0; i < existing; ++i) {
+        st_NodeInfoSignal old = makeNode(QStringLiteral("Old%1").arg(i), QStringLiteral("old"));
+        host->list->addRootItem(old);
+    }
+    QMap<st_NodeInfoSignal, QList<st_NodeInfoSignal>> tree;
+    // Inserted in the opposite order to their keys' order.
+    for (int i = entries - 1; i >= 0; --i) {
+        const QString name = QStringLiteral("Key%1").arg(i);
+        tree.insert(makeNode(name, name, i % 2, 10 + i), makeChildren(name, i + 1, name));
+    }
+    QCOMPARE(tree.size(), entries);
+    QStringList expected;
+    for (auto it = tree.cbegin(); it != tree.cend(); ++it)
+        expected << it.key().strNodeName.first() + QLatin1Char(':')
+                        + [&] {
+                              QStringList names;
+                              for (const st_NodeInfoSignal &c : it.value())
+                                  names << c.strNodeName.first();
+                              return names.join(QLatin1Char(','));
+                          }();
+    for (int i = 0; i < existing; ++i)
+        expected << QStringLiteral("Old%1:").arg(i);
+    HostRecorder recorder(host->list);
+
+    host->list->updateTreeList(tree);
+
+    QCOMPARE(snapshot(host->frame()), expected);
+    const QList<DrawerControl *> drawers = host->frame()->drawers();
+    // New drawers carry their counters 0, 1, 2; the old ones keep theirs.
+    for (int i = 0; i < entries; ++i) {
+        QCOMPARE(drawers.at(i)->rootIndex(), i);
+        QCOMPARE(drawers.at(i)->rootItem()->getIndexText(), QString::number(i));
+    }
+    for (int i = 0; i < existing; ++i)
+        QCOMPARE(drawers.at(entries + i)->rootIndex(), i);
+    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), existing + entries);
+    QVERIFY(recorder.events.isEmpty());
+}
+
+void tst_SignalTreeList::addChildItemUsesFirstElementOnly_data()
+{
+    QTest::addColumn<QList<int>>("path");
+    QTest::addColumn<QStringList>("expected");
+    const QStringList before{QStringLiteral("R0:R0-0"), QStringLiteral("R1:R1-0")};
+    QTest::newRow("empty path: nothing") << QList<int>{} << before;
+    QTest::newRow("[1]") << QList<int>{1} << QStringList{QStringLiteral("R0:R0-0"), QStringLiteral("R1:R1-0,N-0,N-1")};
+    QTest::newRow("[1, 7]") << QList<int>{1, 7}
+                            << QStringList{QStringLiteral("R0:R0-0"), QStringLiteral("R1:R1-0,N-0,N-1")};
+    QTest::newRow("[0, 1, 2]") << QList<int>{0, 1, 2}
+                               << QStringList{QStringLiteral("R0:R0-0,N-0,N-1"), QStringLiteral("R1:R1-0")};
+    QTest::newRow("[2]: no such root") << QList<int>{2} << before;
+    QTest::newRow("[-1]") << QList<int>{-1} << before;
+}
+
+void tst_SignalTreeList::addChildItemUsesFirstElementOnly()
+{
+    QFETCH(QList<int>, path);
+    QFETCH(QStringList, expected);
+    auto host = makeHost();
+    addRoots(host->list, 2, 1);
+    HostRecorder recorder(host->list);
+    host->list->addChildItem(path, makeChildren(QStringLiteral("N"), 2, QStringLiteral("N")));
+    QCOMPARE(snapshot(host->frame()), expected);
+    QVERIFY(recorder.events.isEmpty());
+}
+
+void tst_SignalTreeList::setSignalTreeListFrameVisiable()
+{
+    auto host = makeHost();
+    host->parent->show();
+    QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
+    QFrame *frame = host->list->getSignalTreeListFrame();
+    QVERIFY(frame->isVisible());
+    host->list->setSignalTreeListFrameVisiable(false);
+    QVERIFY(!frame->isVisible());
+    QVERIFY(frame->isHidden());
+    host->list->setSignalTreeListFrameVisiable(true);
+    QVERIFY(frame->isVisible());
+    host->list->setSignalTreeListFrameVisiable(true);
+    QVERIFY(frame->isVisible());
+}
+
+void tst_SignalTreeList::childClickReachesHostSynchronously()
+{
+    auto host = makeHost();
+    st_NodeInfoSignal r0 = makeNode(QStringLiteral("R0"), QStringLiteral("S0"));
+    st_NodeInfoSignal r1 = makeNode(QStringLiteral("R1"), QStringLiteral("S1"));
+    host->list->addRootItem(r0, makeChildren(QStringLiteral("R0"), 2, QStringLiteral("S0")));
+    host->list->addRootItem(r1, makeChildren(QStringLiteral("R1"), 4, QStringLiteral("S1")));
+    host->list->setIsShowChildItem(1, true);
+    host->parent->show();
+    QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
+    HostRecorder recorder(host->list);
+
+    SecondItem *row = host->drawer(1)->secondItems().at(3);
+    QTest::mousePress(row, Qt::LeftButton, Qt::NoModifier, row->rect().center());
+    // Within the press, without any event loop turn.
+    QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(1,3)")});
+    QTest::mouseRelease(row, Qt::LeftButton, Qt::NoModifier, row->rect().center());
+    QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(1,3)")});
+
+    // A click on a root row only selects it; the host is not told.
+    recorder.events.clear();
+    RootItem *root = host->drawer(0)->rootItem();
+    QTest::mouseClick(root, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QCoreApplication::processEvents();
+    QVERIFY(recorder.events.isEmpty());
+    QCOMPARE(host->drawer(0)->selIndex(), QList<int>{0});
+}
+
+void tst_SignalTreeList::rootEditButtonReportsCurrentSelection()
+{
+    auto host = makeHost();
+    addRoots(host->list, 2, 3);
+    host->list->setIsShowChildItem(1, true);
+    host->parent->show();
+    QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
+    HostRecorder recorder(host->list);
+
+    SecondItem *row = host->drawer(1)->secondItems().at(2);
+    QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, row->rect().center());
+    QToolButton *edit = nullptr;
+    for (QToolButton *b : host->drawer(1)->rootItem()->findChildren<QToolButton *>())
+        if (b->property("isEditBtn").toBool())
+            edit = b;
+    QVERIFY(edit);
+    edit->click();
+    QCOMPARE(recorder.events, (QStringList{QStringLiteral("CurrentItemClicked(1,2)"),
+                                           QStringLiteral("EditBtnClicked(1,2)")}));
+}
+
+void tst_SignalTreeList::misuseNeverCrashes_data()
+{
+    QTest::addColumn<Op>("op");
+    auto path = [](std::initializer_list<int> l) { return QList<int>(l); };
+
+    for (int row : {INT_MIN, -1, 3, INT_MAX}) {
+        QTest::addRow("deleteRootItem(%d)", row) << Op([row](SignalTreeList *l) { l->deleteRootItem(row); });
+        QTest::addRow("setIsShowChildItem(%d)", row)
+            << Op([row](SignalTreeList *l) { l->setIsShowChildItem(row, true); });
+        QTest::addRow("addChildItem([%d])", row) << Op([row](SignalTreeList *l) {
+            l->addChildItem(QList<int>{row}, makeChildren(QStringLiteral("x"), 1, QStringLiteral("x")));
+        });
+    }
+    const QList<QList<int>> badPaths{path({}),
+                                     path({0, 0, 0}),
+                                     path({0, 1, 2, 3}),
+                                     path({INT_MIN}),
+                                     path({INT_MAX}),
+                                     path({-1}),
+                                     path({0, INT_MIN}),
+                                     path({0, INT_MAX}),
+                                     path({0, -1}),
+                                     path({0, 2}),
+                                     path({-1, 0}),
+                                     path({INT_MAX, INT_MIN}),
+                                     path({INT_MIN, 0})};
+    for (const QList<int> &p : badPaths) {
+        const QByteArray text = pathText(p).toLatin1();
+        QTest::addRow("deleteChildeItem([%s])", text.constData())
+            << Op([p](SignalTreeList *l) { l->deleteChildeItem(p); });
+        QTest::addRow("getItemSignalNode([%s])", text.constData())
+            << Op([p](SignalTreeList *l) { (void)l->getItemSignalNode(p); });
+        QTest::addRow("setCurSelItem([%s])", text.constData())
+            << Op([p](SignalTreeList *l) { l->setCurSelItem(p); });
+        QTest::addRow("modifyItemData([%s])", text.constData()) << Op([p](SignalTreeList *l) {
+            st_NodeInfoSignal n = makeNode(QStringLiteral("x"), QStringLiteral("x"));
+            l->modifyItemData(p, n);
+        });
+    }
+    QTest::newRow("addChildItem([]) with nothing") << Op([](SignalTreeList *l) {
+        l->addChildItem(QList<int>{}, QList<st_NodeInfoSignal>{});
+    });
+    QTest::newRow("updateTreeList(empty)")
+        << Op([](SignalTreeList *l) { l->updateTreeList(QMap<st_NodeInfoSignal, QList<st_NodeInfoSignal>>()); });
+    QTest::newRow("reTranslateUI twice") << Op([](SignalTreeList *l) {
+        l->reTranslateUI();
+        l->reTranslateUI();
+    });
+    QTest::newRow("language change") << Op([](SignalTreeList *l) {
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(l, &change);
+        QCoreApplication::sendEvent(l->getSignalTreeListFrame(), &change);
+    });
+}
+
+// Nothing changes the tree and no host signal is emitted, except that a
+// child selection with a wild child index is reported as it is.
+void tst_SignalTreeList::misuseNeverCrashes()
+{
+    QFETCH(Op, op);
+    auto host = makeHost();
+    addRoots(host->list, 3, 2);
+    host->parent->show();
+    const QStringList before = snapshot(host->frame());
+    HostRecorder recorder(host->list);
+
+    op(host->list);
+    QTest::qWait(10);
+
+    QCOMPARE(snapshot(host->frame()), before);
+    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 3);
+    QCOMPARE(secondItemCount(host->parent.get()), 6);
+    for (const QString &e : recorder.events)
+        QVERIFY2(e.startsWith(QStringLiteral("CurrentItemClicked(0,")), qPrintable(e));
+}
+
+// ---- real drag -----------------------------------------------------------------
+
+void tst_SignalTreeList::realDragStoresPathsOnly_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<QList<int>>("dst"); // empty: the drop is refused
+
+    QTest::newRow("onto the other root row") << QStringLiteral("root") << QList<int>{1};
+    QTest::newRow("onto the other drawer's third child") << QStringLiteral("child2") << QList<int>{1, 2};
+    QTest::newRow("onto the other drawer's first child") << QStringLiteral("child0") << QList<int>{1, 0};
+    QTest::newRow("onto the other drawer's margin") << QStringLiteral("margin") << QList<int>{1};
+    QTest::newRow("onto the source drawer") << QStringLiteral("self") << QList<int>{};
+}
+
+void tst_SignalTreeList::realDragStoresPathsOnly()
+{
+    QFETCH(QString, target);
+    QFETCH(QList<int>, dst);
+
+    auto host = makeDragHost();
+    QVERIFY(dragHostReady(host.get()));
+    TreeListFrame *frame = host->frame();
+    DrawerControl *source = host->drawer(0);
+    DrawerControl *other = host->drawer(1);
+    QWindow *window = host->parent->windowHandle();
+    QVERIFY(window);
+    const QStringList before = snapshot(frame);
+    HostRecorder recorder(host->list);
+
+    QPoint dropAt;
+    if (target == QLatin1String("root"))
+        dropAt = globalCenter(other->rootItem());
+    else if (target == QLatin1String("child2"))
+        dropAt = globalCenter(other->secondItems().at(2));
+    else if (target == QLatin1String("child0"))
+        dropAt = globalCenter(other->secondItems().at(0));
+    else if (target == QLatin1String("margin"))
+        dropAt = other->mapToGlobal(QPoint(3, other->rootItem()->height() / 2));
+    else
+        dropAt = globalCenter(source->secondItems().at(0));
+
+    DragPlayer player(
+        source,
+        [&] {
+            sendMouse(window, QEvent::MouseMove, dropAt - QPoint(0, 3), Qt::NoButton, Qt::LeftButton);
+            sendMouse(window, QEvent::MouseMove, dropAt, Qt::NoButton, Qt::LeftButton);
+            sendMouse(window, QEvent::MouseButtonRelease, dropAt, Qt::LeftButton, Qt::NoButton);
+        },
+        window);
+
+    clickAndDrag(source->secondItems().at(1));
+
+    QVERIFY2(player.acted, "the drag did not start");
+    QVERIFY(!player.watchdogFired);
+    // The click selected the row and told the host; the drag told it nothing.
+    QCOMPARE(source->selIndex(), (QList<int>{0, 1}));
+    QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(0,1)")});
+    if (dst.isEmpty()) {
+        QVERIFY(frame->dragSource().isEmpty());
+        QVERIFY(frame->dragDestination().isEmpty());
+    } else {
+        QCOMPARE(frame->dragSource(), (QList<int>{0, 1}));
+        QCOMPARE(frame->dragDestination(), dst);
+    }
+
+    // The drag object goes away; nothing else follows.
+    QTRY_VERIFY(!source->isDragging());
+    QTest::qWait(50);
+    QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(0,1)")});
+    QCOMPARE(snapshot(frame), before);
+    QCOMPARE(frame->drawers().size(), 2);
+    QCOMPARE(host->drawer(0), source);
+    QCOMPARE(source->parentWidget(), other->parentWidget());
+}
+
+void tst_SignalTreeList::deletingSourceRootDuringDrag_data()
+{
+    QTest::addColumn<bool>("drop");
+    QTest::newRow("then dropped on the other drawer") << true;
+    QTest::newRow("then cancelled") << false;
+}
+
+void tst_SignalTreeList::deletingSourceRootDuringDrag()
+{
+    QFETCH(bool, drop);
+
+    auto host = makeDragHost();
+    QVERIFY(dragHostReady(host.get()));
+    TreeListFrame *frame = host->frame();
+    QPointer<DrawerControl> source = host->drawer(0);
+    QPointer<DrawerControl> other = host->drawer(1);
+    QWindow *window = host->parent->windowHandle();
+    HostRecorder recorder(host->list);
+    MessageCapture capture;
+
+    bool detachedDuringDrag = false;
+    int drawersDuringDrag = -1;
+    DragPlayer player(
+        source,
+        [&] {
+            const QPoint dropAt = globalCenter(other->secondItems().at(1));
+            sendMouse(window, QEvent::MouseMove, dropAt, Qt::NoButton, Qt::LeftButton);
+            host->list->deleteRootItem(0);
+            detachedDuringDrag = source && source->parentWidget() == nullptr;
+            drawersDuringDrag = frame->drawers().size();
+            if (drop) {
+                sendMouse(window, QEvent::MouseMove, dropAt + QPoint(1, 0), Qt::NoButton, Qt::LeftButton);
+                sendMouse(window, QEvent::MouseButtonRelease, dropAt, Qt::LeftButton, Qt::NoButton);
+            } else {
+                sendEscape(window);
+            }
+        },
+        window);
+
+    clickAndDrag(source->secondItems().at(1));
+
+    QVERIFY2(player.acted, "the drag did not start");
+    QVERIFY(!player.watchdogFired);
+    QVERIFY(detachedDuringDrag);
+    QCOMPARE(drawersDuringDrag, 1);
+    QVERIFY(!source.isNull()); // still alive right after the drag
+    if (drop) {
+        // The other drawer still has its old index 1.
+        QCOMPARE(frame->dragSource(), (QList<int>{0, 1}));
+        QCOMPARE(frame->dragDestination(), (QList<int>{1, 1}));
+    } else {
+        QVERIFY(frame->dragSource().isEmpty());
+    }
+
+    // Once the drag object is gone the drawer deletes itself.
+    QTRY_VERIFY(source.isNull());
+    QVERIFY(capture.lines().contains(QStringLiteral("[Tarn]::DrawerControl::slot_releaseDrag deleteLater")));
+    QCOMPARE(frame->drawers().size(), 1);
+    QCOMPARE(frame->drawers().first(), other.data());
+    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 1);
+    QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(0,1)")});
+}
+
+void tst_SignalTreeList::destroyingListDuringDrag_data()
+{
+    QTest::addColumn<bool>("withParent");
+    QTest::newRow("the widget") << false;
+    QTest::newRow("the widget and its parent") << true;
+}
+
+void tst_SignalTreeList::destroyingListDuringDrag()
+{
+    QFETCH(bool, withParent);
+
+    // A second window to end the drag from once the host's window is gone.
+    QWidget spare;
+    spare.setGeometry(700, 500, 40, 40);
+    spare.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&spare));
+
+    auto host = makeDragHost();
+    QVERIFY(dragHostReady(host.get()));
+    QPointer<QFrame> frame = host->list->getSignalTreeListFrame();
+    QPointer<SignalTreeList> list = host->list;
+    QPointer<DrawerControl> source = host->drawer(0);
+    QPointer<DrawerControl> other = host->drawer(1);
+    QPointer<QWidget> parent = host->parent.get();
+    QWindow *window = host->parent->windowHandle();
+    QSignalSpy frameDestroyed(frame.data(), &QObject::destroyed);
+
+    bool sourceSurvived = false;
+    DragPlayer player(
+        source,
+        [&] {
+            sendMouse(window, QEvent::MouseMove, globalCenter(other->rootItem()), Qt::NoButton, Qt::LeftButton);
+            if (withParent)
+                host->parent.reset();
+            else
+                delete list.data();
+            sourceSurvived = !source.isNull();
+            sendEscape(spare.windowHandle());
+        },
+        spare.windowHandle());
+
+    clickAndDrag(source->secondItems().at(1));
+
+    QVERIFY2(player.acted, "the drag did not start");
+    QVERIFY(!player.watchdogFired);
+    QVERIFY(sourceSurvived);
+    QVERIFY(list.isNull());
+    QVERIFY(frame.isNull());
+    QCOMPARE(frameDestroyed.count(), 1);
+    QVERIFY(other.isNull());
+    QCOMPARE(parent.isNull(), withParent);
+    QTRY_VERIFY(source.isNull());
+}
+
+QTEST_MAIN(tst_SignalTreeList)
+#include "tst_signaltreelist.moc"
