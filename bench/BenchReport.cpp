@@ -22,6 +22,8 @@ QString subjectTitle(const QString &key)
         return QStringLiteral("QTreeWidget items");
     if (key == QLatin1String("treewidgets"))
         return QStringLiteral("QTreeWidget + setItemWidget");
+    if (key == QLatin1String("floorfull"))
+        return QStringLiteral("floor, library's widget set");
     return QStringLiteral("floor");
 }
 

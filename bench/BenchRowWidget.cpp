@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QVariant>
 
@@ -20,7 +21,7 @@ void repolish(QWidget *widget)
 } // namespace
 
 BenchRowWidget::BenchRowWidget(const QString &picture, const QString &upper,
-                               const QString &lower, QWidget *parent)
+                               const QString &lower, bool libraryWidgets, QWidget *parent)
     : QFrame(parent)
     , m_pIcon(new QLabel(this))
     , m_pUpper(new QLabel(upper, this))
@@ -48,6 +49,23 @@ BenchRowWidget::BenchRowWidget(const QString &picture, const QString &upper,
     row->addWidget(m_pIcon);
     row->addLayout(text);
     row->addStretch();
+
+    if (!libraryWidgets)
+        return;
+    QFrame *buttons = new QFrame(this);
+    QHBoxLayout *buttonRow = new QHBoxLayout(buttons);
+    buttonRow->setContentsMargins(0, 0, 0, 0);
+    buttonRow->setSpacing(8);
+    const char *const kinds[] = {"isDelBtn", "isEditBtn", "isDelBtn", "isDelBtn"};
+    for (const char *kind : kinds) {
+        QToolButton *button = new QToolButton(buttons);
+        button->setFixedSize(20, 20);
+        button->setProperty("isTarn", true);
+        button->setProperty(kind, true);
+        buttonRow->addWidget(button);
+        button->setVisible(false);
+    }
+    buttons->hide();
 }
 
 void BenchRowWidget::setLook(const QString &look)

@@ -10,13 +10,17 @@ class QLabel;
  * text labels in a row of the child row's height, nothing else. Its look
  * state is a dynamic property ("benchLook") applied by re-polishing, the
  * least a widget-per-row design with style-sheet looks has to do.
+ *
+ * With @p libraryWidgets it also carries the rest of the widget set of the
+ * library's child row, bare: a hidden frame with its own layout and four
+ * hidden 20x20 tool buttons that carry the library's button properties.
  */
 class BenchRowWidget : public QFrame
 {
     Q_OBJECT
 public:
     BenchRowWidget(const QString &picture, const QString &upper, const QString &lower,
-                   QWidget *parent = nullptr);
+                   bool libraryWidgets, QWidget *parent = nullptr);
 
     /// "normal" or "press": sets the property and re-polishes the row and
     /// its upper line when the value changes.

@@ -43,7 +43,8 @@ QStringList BenchRunner::operations()
 QStringList BenchRunner::subjectKeys()
 {
     return QStringList() << QStringLiteral("stl") << QStringLiteral("tree")
-                         << QStringLiteral("treewidgets") << QStringLiteral("floor");
+                         << QStringLiteral("treewidgets") << QStringLiteral("floor")
+                         << QStringLiteral("floorfull");
 }
 
 std::unique_ptr<BenchSubject> BenchRunner::createSubject(const QString &key)
@@ -55,7 +56,9 @@ std::unique_ptr<BenchSubject> BenchRunner::createSubject(const QString &key)
     if (key == QLatin1String("treewidgets"))
         return std::unique_ptr<BenchSubject>(new ItemWidgetTreeSubject);
     if (key == QLatin1String("floor"))
-        return std::unique_ptr<BenchSubject>(new FloorSubject);
+        return std::unique_ptr<BenchSubject>(new FloorSubject(false));
+    if (key == QLatin1String("floorfull"))
+        return std::unique_ptr<BenchSubject>(new FloorSubject(true));
     return nullptr;
 }
 
@@ -174,12 +177,33 @@ Q_NEVER_INLINE qint64 BenchRunner::opAddOneByOne(BenchSubject &subject)
 
 void BenchRunner::runTiming(int reps)
 {
+    // One unrecorded pass over two groups of every design first: fonts,
+    // glyphs, pictures and style sheet caches are then warm for all of them.
+    if (m_content.roots() > 2) {
+        const BenchContent warmContent(2, m_content.children());
+        BenchRunner warm(warmContent, m_style, m_out);
+        warm.m_bWallClock = m_bWallClock;
+        warm.m_subjects = m_subjects;
+        warm.m_ops = m_ops;
+        warm.runPasses(1);
+    }
+    runPasses(reps);
+    printResults();
+}
+
+void BenchRunner::runPasses(int reps)
+{
     const bool first = wants(QStringLiteral("build")) || wants(QStringLiteral("show"))
         || wants(QStringLiteral("build+show")) || wants(QStringLiteral("scroll"))
         || wants(QStringLiteral("click")) || wants(QStringLiteral("click-signal"))
         || wants(QStringLiteral("collapse+expand"));
     for (int rep = 0; rep < reps; ++rep) {
-        for (const QString &key : qAsConst(m_subjects)) {
+        // Each repetition starts with another design, so that none is
+        // always the first after a slow spell or a long free.
+        QStringList order = m_subjects;
+        if (!order.isEmpty())
+            std::rotate(order.begin(), order.begin() + rep % order.size(), order.end());
+        for (const QString &key : qAsConst(order)) {
             if (first) {
                 std::unique_ptr<BenchSubject> subject = createSubject(key);
                 QObject::connect(subject.get(), &BenchSubject::clicked,
@@ -230,7 +254,6 @@ void BenchRunner::runTiming(int reps)
         QTextStream(stderr) << "  " << m_content.sizeText() << ' ' << m_style << ": repetition "
                             << rep + 1 << '/' << reps << " done\n";
     }
-    printResults();
 }
 
 void BenchRunner::printResults()

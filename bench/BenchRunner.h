@@ -60,6 +60,8 @@ private:
     bool wants(const QString &op) const { return m_ops.isEmpty() || m_ops.contains(op); }
     void record(const QString &subject, const QString &op, qint64 ns);
     void printResults();
+    /// @p reps repetitions of everything selected, recorded in m_samples.
+    void runPasses(int reps);
     /// Current time of the chosen clock, in ns.
     qint64 now() const;
 

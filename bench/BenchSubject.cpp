@@ -58,7 +58,7 @@ QWidget *BenchSubject::createHostWindow()
 BenchRowWidget *BenchSubject::createRow(const QString &picture, const QString &upper,
                                         const QString &lower, QWidget *parent)
 {
-    BenchRowWidget *row = new BenchRowWidget(picture, upper, lower, parent);
+    BenchRowWidget *row = new BenchRowWidget(picture, upper, lower, m_bLibraryWidgets, parent);
     connect(row, &BenchRowWidget::pressed, this, [this, row]() {
         if (m_pCurrentRow && m_pCurrentRow != row)
             m_pCurrentRow->setLook(QStringLiteral("normal"));

@@ -71,6 +71,8 @@ protected:
     /// emits clicked().
     BenchRowWidget *createRow(const QString &picture, const QString &upper, const QString &lower,
                               QWidget *parent);
+    /// Whether createRow() builds rows with the library's widget set.
+    bool m_bLibraryWidgets = false;
 
     QWidget *m_pWindow = nullptr;
     BenchRowWidget *m_pCurrentRow = nullptr;

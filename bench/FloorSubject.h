@@ -18,8 +18,19 @@ class FloorSubject : public BenchSubject
 {
     Q_OBJECT
 public:
-    QString key() const override { return QStringLiteral("floor"); }
-    QString title() const override { return QStringLiteral("floor (rows in a QVBoxLayout)"); }
+    /// @p libraryWidgets: rows with the library's widget set (see
+    /// BenchRowWidget), the floor of a design with that many widgets a row.
+    explicit FloorSubject(bool libraryWidgets = false) { m_bLibraryWidgets = libraryWidgets; }
+
+    QString key() const override
+    {
+        return m_bLibraryWidgets ? QStringLiteral("floorfull") : QStringLiteral("floor");
+    }
+    QString title() const override
+    {
+        return m_bLibraryWidgets ? QStringLiteral("floor, library's widget set")
+                                 : QStringLiteral("floor (rows in a QVBoxLayout)");
+    }
 
     void createEmpty() override;
     void fillBulk(const BenchContent &content) override;

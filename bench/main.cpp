@@ -8,8 +8,11 @@
 //
 // Times are the GUI thread's CPU time by default (the machines are shared;
 // everything measured runs synchronously on that thread); --clock wall
-// takes the wall clock instead. --qss PATH picks the application style sheet of --look sheet (default:
-// the library's reference sheet). bench/run.sh runs every case.
+// takes the wall clock instead.
+//
+// --look sheet applies an application style sheet: --qss PATH, by default
+// the library's reference sheet, followed by bench/bench-rows.qss (the looks
+// of the bench's own row widgets). bench/run.sh runs every case.
 #include "BenchContent.h"
 #include "BenchReport.h"
 #include "BenchRunner.h"
@@ -113,7 +116,11 @@ int main(int argc, char **argv)
             std::fprintf(stderr, "bench: cannot read style sheet %s\n", qPrintable(qss));
             return 1;
         }
-        app.setStyleSheet(QString::fromUtf8(file.readAll()));
+        QString sheet = QString::fromUtf8(file.readAll());
+        QFile rows(QStringLiteral(SIGNALTREELIST_BENCH_ROWS_QSS));
+        if (rows.open(QIODevice::ReadOnly | QIODevice::Text))
+            sheet += QLatin1Char('\n') + QString::fromUtf8(rows.readAll());
+        app.setStyleSheet(sheet);
     }
 
     const BenchContent content(roots, children);

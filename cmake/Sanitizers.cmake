@@ -35,8 +35,9 @@ if(SIGNALTREELIST_SANITIZE)
     # Read at test time by every registered test:
     #  ASAN: leak checking on (LeakSanitizer), stop and abort at the first
     #        error so CTest reports a failure with the report in the log,
-    #        use-after-return detection for stack frames of callers that a
-    #        nested event loop (a running drag) keeps alive.
+    #        use-after-return detection too (a running drag's nested event
+    #        loop calls back into code that refers to frames of its callers),
+    #        initialization-order checking.
     #  UBSAN: stack trace for every report, stop at the first.
     #  LSAN: suppressions for leaks that belong to system libraries only.
     # ODR violation detection stays on: the tests link the library's object

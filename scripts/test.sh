@@ -2,16 +2,39 @@
 # Sets up a fresh Debian 12 machine, builds the libraries and every test,
 # runs them all headless and prints CTest's summary.
 #
-#   scripts/test.sh            build in build/ and run every test
+#   scripts/test.sh              build in build/ and run every test
+#   scripts/test.sh --sanitize   the same under AddressSanitizer (with
+#                                LeakSanitizer) and UndefinedBehaviorSanitizer,
+#                                in build-sanitize/
+#   scripts/test.sh [--sanitize] -- CTEST_ARGS...
+#                                pass arguments to ctest, e.g. -R stress
 #
 # BUILD_DIR overrides the build directory.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
+sanitize=0
+ctest_args=()
+while [ $# -gt 0 ]; do
+    case "$1" in
+    --sanitize) sanitize=1 ;;
+    --) shift; ctest_args=("$@"); break ;;
+    -h|--help) sed -n '2,12p' "${BASH_SOURCE[0]}"; exit 0 ;;
+    *) echo "unknown argument: $1 (see --help)" >&2; exit 2 ;;
+    esac
+    shift
+done
+
 ensure_build_packages
-build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build}
-configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_TESTS=ON
+if [ "$sanitize" -eq 1 ]; then
+    build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build-sanitize}
+    configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_TESTS=ON -DSIGNALTREELIST_SANITIZE=ON
+else
+    build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build}
+    configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_TESTS=ON -DSIGNALTREELIST_SANITIZE=OFF
+fi
 
 cd "$build_dir"
-# Each test sets its own Qt platform (offscreen, or minimal for real drags).
-ctest --output-on-failure
+# Each test sets its own Qt platform (offscreen, or minimal for real drags)
+# and, in the sanitizer build, the ASAN/UBSAN/LSAN options.
+ctest --output-on-failure "${ctest_args[@]}"

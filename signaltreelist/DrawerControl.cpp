@@ -1,5 +1,6 @@
 #include "DrawerControl.h"
 
+#include "LayoutInstall.h"
 #include "NodeInfoTrace.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -18,6 +19,7 @@
 #include <QPainter>
 #include <QPen>
 #include <QPixmap>
+#include <QSet>
 #include <QVBoxLayout>
 
 DrawerControl::DrawerControl(QWidget *parent)
@@ -55,7 +57,7 @@ void DrawerControl::initRootItem(int itemType, int rootIndex)
 {
     m_iRootIndex = rootIndex;
 
-    m_pMainLayout = new QVBoxLayout(this);
+    m_pMainLayout = installLayout(this, new QVBoxLayout());
     m_pMainLayout->setMargin(0);
     m_pMainLayout->setSpacing(0);
     m_pMainLayout->setContentsMargins(10, 0, 10, 0);
@@ -67,7 +69,7 @@ void DrawerControl::initRootItem(int itemType, int rootIndex)
     m_pContainer->setObjectName(QStringLiteral("DrawerContainer"));
     m_pContainer->setAcceptDrops(true);
 
-    m_pChildLayout = new QVBoxLayout(m_pContainer);
+    m_pChildLayout = installLayout(m_pContainer, new QVBoxLayout());
     m_pChildLayout->setMargin(0);
     m_pChildLayout->setSpacing(8);
     m_pChildLayout->setContentsMargins(24, 0, 0, 0);
@@ -117,14 +119,25 @@ void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
     // Only ceil(count/2) items go: the count is re-read on every pass. The
     // spacers left behind accumulate one 8-pixel gap per call, which hosts
     // see and rely on. Re-added rows leave their old place on their own.
+    // Taking the last item and invalidating is what removeItem() does for
+    // it, without removeItem()'s walk over every item of the layout.
+    QSet<QWidget *> taken;
     for (int i = 0; i < m_pChildLayout->count(); ++i) {
-        QLayoutItem *pLast = m_pChildLayout->itemAt(m_pChildLayout->count() - 1);
-        m_pChildLayout->removeItem(pLast);
+        QLayoutItem *pLast = m_pChildLayout->takeAt(m_pChildLayout->count() - 1);
+        m_pChildLayout->invalidate();
+        if (QWidget *pWidget = pLast->widget())
+            taken.insert(pWidget);
         delete pLast; // the item only, never its widget
     }
     m_pChildLayout->addSpacing(8);
-    for (SecondItem *pItem : qAsConst(m_lstSecondItem))
+    for (SecondItem *pItem : qAsConst(m_lstSecondItem)) {
+        // A row taken out above is in no layout. Qt searches the whole
+        // layout for the old place of every widget flagged as laid out, and
+        // addWidget() flags it again: clearing the flag spares that search.
+        if (taken.contains(pItem))
+            pItem->setAttribute(Qt::WA_LaidOut, false);
         m_pChildLayout->addWidget(pItem);
+    }
 
     markSelSecondItem(m_lstSecondItem.size() - 1);
     slot_OnIsShowChildItems(m_bIsShowChild);

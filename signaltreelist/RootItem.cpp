@@ -1,5 +1,6 @@
 #include "RootItem.h"
 
+#include "LayoutInstall.h"
 #include "StyleConstants.h"
 
 #include <QCheckBox>
@@ -12,17 +13,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-// The host style sheet selects on dynamic properties; Qt only re-reads them
-// when the widget is polished again.
-void repolish(QWidget *widget)
-{
-    if (!widget)
-        return;
-    QStyle *style = widget->style();
-    style->unpolish(widget);
-    style->polish(widget);
-}
 
 // Width the upper line is elided to; the label itself is 150 pixels wide.
 constexpr int kUpperTextWidth = 150;
@@ -52,7 +42,7 @@ RootItem::RootItem(QWidget *parent)
     setProperty("isTarn", true);
     setProperty("isRootItem", QStringLiteral("normal"));
     setProperty("isWin", true);
-    repolish(this);
+    m_guardSelf.repolish(this);
 
     setFixedHeight(45);
     setAcceptDrops(true);
@@ -65,7 +55,7 @@ void RootItem::initItem(int itemType, int itemIndex)
     m_iItemType = itemType;
     m_iItemIndex = itemIndex;
 
-    m_pMainLayout = new QHBoxLayout(this);
+    m_pMainLayout = installLayout(this, new QHBoxLayout());
     m_pMainLayout->setSpacing(16);
     m_pMainLayout->setContentsMargins(0, 0, 0, 0);
 
@@ -212,7 +202,7 @@ void RootItem::setOnline(bool bIsOnline)
         return;
     m_pOnlineBtn->setProperty("isTarn", true);
     m_pOnlineBtn->setProperty("isOnlineBtn", bIsOnline);
-    repolish(m_pOnlineBtn);
+    m_guardOnline.repolish(m_pOnlineBtn);
 }
 
 bool RootItem::isOnline() const
@@ -259,8 +249,8 @@ void RootItem::setSelected(bool bIsSelected)
         m_qlUpper->setProperty("isUpOnline", bIsSelected);
     }
     emit signal_OnSelectRootItem();
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
 }
 
 void RootItem::reTranslateUI()
@@ -308,8 +298,8 @@ void RootItem::enterEvent(QEvent *event)
             m_qlUpper->setProperty("isUpOnline", false);
         }
     }
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
 }
 
 void RootItem::leaveEvent(QEvent *event)
@@ -326,8 +316,8 @@ void RootItem::leaveEvent(QEvent *event)
         if (m_qlUpper)
             m_qlUpper->setProperty("isUpOnline", false);
     }
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
 }
 
 void RootItem::resizeEvent(QResizeEvent *event)
@@ -344,6 +334,6 @@ void RootItem::applyPressLook()
         m_qlUpper->setProperty("isTarn", true);
         m_qlUpper->setProperty("isUpOnline", true);
     }
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
 }

@@ -1,6 +1,7 @@
 #ifndef SIGNALTREELIST_ROOTITEM_H
 #define SIGNALTREELIST_ROOTITEM_H
 
+#include "RepolishGuard.h"
 #include "st_NodeInfoSignal.h"
 
 #include <CLanguageTranslateFrame.h>
@@ -101,6 +102,11 @@ private:
     st_NodeInfoSignal m_stNodeInfo;
     int m_iItemIndex;
     bool m_bIsPressed;
+    // Every look change re-polishes the widgets concerned; these skip the
+    // re-polishes that could not change anything.
+    RepolishGuard m_guardSelf;
+    RepolishGuard m_guardUpper;
+    RepolishGuard m_guardOnline;
 };
 
 #endif // SIGNALTREELIST_ROOTITEM_H

@@ -1,8 +1,10 @@
 #include "SecondItem.h"
 
+#include "LayoutInstall.h"
 #include "StyleConstants.h"
 
 #include <QDebug>
+#include <QFont>
 #include <QFontMetrics>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -14,17 +16,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-// The host style sheet selects on dynamic properties; Qt only re-reads them
-// when the widget is polished again.
-void repolish(QWidget *widget)
-{
-    if (!widget)
-        return;
-    QStyle *style = widget->style();
-    style->unpolish(widget);
-    style->polish(widget);
-}
 
 // Size of the icon label; bigger pictures are scaled down into it.
 constexpr int kIconWidth = 33;
@@ -73,12 +64,13 @@ QString signalIconPath(int type, bool online)
 }
 
 // Shortens @p full by whole characters until it plus "..." fits @p limit.
-QString fitText(const QString &full, const QFontMetrics &metrics, int limit)
+// @p fullWidth is the width of @p full in @p metrics, already measured.
+QString fitText(const QString &full, int fullWidth, const QFontMetrics &metrics, int limit)
 {
     const QString ellipsis = QStringLiteral("...");
     QString running = full;
     QString candidate = full;
-    if (metrics.horizontalAdvance(candidate) <= limit)
+    if (fullWidth <= limit)
         return candidate;
 
     // Dropping one character per measurement is quadratic; for long texts
@@ -98,10 +90,12 @@ QString fitText(const QString &full, const QFontMetrics &metrics, int limit)
     }
 
     // An empty running text cannot shrink further, even if "..." alone is
-    // too wide for a very large font.
-    while (metrics.horizontalAdvance(candidate) > limit && !running.isEmpty()) {
+    // too wide for a very large font. The first candidate is the full text.
+    int candidateWidth = fullWidth;
+    while (candidateWidth > limit && !running.isEmpty()) {
         running.chop(1);
         candidate = running + ellipsis;
+        candidateWidth = metrics.horizontalAdvance(candidate);
     }
     return candidate;
 }
@@ -144,7 +138,7 @@ void SecondItem::initItem(int rootIndex, int childIndex)
     m_iRootIndex = rootIndex;
     m_iChildIndex = childIndex;
 
-    m_pMainLayout = new QHBoxLayout(this);
+    m_pMainLayout = installLayout(this, new QHBoxLayout());
     m_pMainLayout->setSpacing(10);
     m_pMainLayout->setContentsMargins(0, 0, 0, 0);
 
@@ -166,7 +160,7 @@ void SecondItem::initItem(int rootIndex, int childIndex)
     // main layout and placeButtons() positions it.
     m_qfBtns = new QFrame(this);
     m_qfBtns->setObjectName(QStringLiteral("m_qfBtns"));
-    QHBoxLayout *btnLayout = new QHBoxLayout(m_qfBtns);
+    QHBoxLayout *btnLayout = installLayout(m_qfBtns, new QHBoxLayout());
     btnLayout->setContentsMargins(0, 0, 0, 0);
     btnLayout->setSpacing(kButtonGap);
 
@@ -212,7 +206,26 @@ void SecondItem::initItem(int rootIndex, int childIndex)
     m_qlUpper->setProperty("isUpOnline", true);
 }
 
+// Widths of the two lines' texts, remembered for the length of one
+// setNodeInfo() call: it fits the lines twice (after the upper and after the
+// lower text), and neither texts nor fonts can change in between.
+struct SecondItem::TextWidthMemo
+{
+    QString text[2];
+    QFont font[2];
+    int width[2] = {0, 0};
+    bool valid[2] = {false, false};
+};
+
 void SecondItem::setNodeInfo(const st_NodeInfoSignal &node)
+{
+    TextWidthMemo memo;
+    m_pWidthMemo = &memo;
+    setNodeInfoImpl(node);
+    m_pWidthMemo = nullptr;
+}
+
+void SecondItem::setNodeInfoImpl(const st_NodeInfoSignal &node)
 {
     m_stNodeInfo = node;
 
@@ -298,8 +311,8 @@ void SecondItem::setPressed(bool bIsPressed)
         m_qlUpper->setProperty("isTarn", true);
         m_qlUpper->setProperty("isUpOnline", bIsPressed);
     }
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
 }
 
 void SecondItem::setChildIndex(int index)
@@ -353,8 +366,8 @@ void SecondItem::mousePressEvent(QMouseEvent *event)
         m_qlUpper->setProperty("isTarn", true);
         m_qlUpper->setProperty("isUpOnline", true);
     }
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
     emit signal_OnItemClicked();
 }
 
@@ -375,8 +388,8 @@ void SecondItem::enterEvent(QEvent *event)
         m_pDeleteBtn->setVisible(m_bShowDelete);
     if (m_pFourthBtn)
         m_pFourthBtn->setVisible(m_bShowFourth);
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
     placeButtons();
 }
 
@@ -389,8 +402,8 @@ void SecondItem::leaveEvent(QEvent *event)
         if (btn)
             btn->hide();
     }
-    repolish(this);
-    repolish(m_qlUpper);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
     placeButtons();
 }
 
@@ -415,9 +428,13 @@ void SecondItem::fitTexts()
     if (labels.size() < 2)
         return;
 
-    int widest = labels.at(0)->fontMetrics().horizontalAdvance(texts.at(0));
+    // Each text is measured once (line 0 was measured twice before: once
+    // to start the comparison and once in it).
+    const int widths[2] = {textWidth(0, labels.at(0), texts.at(0)),
+                           textWidth(1, labels.at(1), texts.at(1))};
+    int widest = widths[0];
     for (int i = 0; i < labels.size(); ++i) {
-        const int width = labels.at(i)->fontMetrics().horizontalAdvance(texts.at(i));
+        const int width = widths[i];
         if (width >= widest)
             widest = width;
     }
@@ -431,9 +448,24 @@ void SecondItem::fitTexts()
 
     for (int i = 0; i < labels.size(); ++i) {
         QLabel *label = labels.at(i);
-        label->setText(fitText(texts.at(i), label->fontMetrics(), limit));
+        label->setText(fitText(texts.at(i), widths[i], label->fontMetrics(), limit));
         label->setFixedWidth(limit);
     }
+}
+
+int SecondItem::textWidth(int line, const QLabel *label, const QString &text) const
+{
+    TextWidthMemo *memo = m_pWidthMemo;
+    if (memo && memo->valid[line] && memo->text[line] == text && memo->font[line] == label->font())
+        return memo->width[line];
+    const int width = label->fontMetrics().horizontalAdvance(text);
+    if (memo) {
+        memo->text[line] = text;
+        memo->font[line] = label->font();
+        memo->width[line] = width;
+        memo->valid[line] = true;
+    }
+    return width;
 }
 
 void SecondItem::placeButtons()

@@ -1,6 +1,7 @@
 #ifndef SIGNALTREELIST_SECONDITEM_H
 #define SIGNALTREELIST_SECONDITEM_H
 
+#include "RepolishGuard.h"
 #include "st_NodeInfoSignal.h"
 
 #include <CLanguageTranslateFrame.h>
@@ -72,7 +73,12 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    struct TextWidthMemo;
+
+    void setNodeInfoImpl(const st_NodeInfoSignal &node);
     void fitTexts();
+    /// Width of @p text in @p label's font (@p line: 0 upper, 1 lower).
+    int textWidth(int line, const QLabel *label, const QString &text) const;
     void placeButtons();
 
     QHBoxLayout *m_pMainLayout;
@@ -95,6 +101,12 @@ private:
     int m_iTextWidthBudget;
     QString m_strUpperText;
     QString m_strDownText;
+    // Every look change re-polishes the item and its upper line; these skip
+    // the re-polishes that could not change anything.
+    RepolishGuard m_guardSelf;
+    RepolishGuard m_guardUpper;
+    // Set only while setNodeInfo() runs.
+    TextWidthMemo *m_pWidthMemo = nullptr;
 };
 
 #endif // SIGNALTREELIST_SECONDITEM_H

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSet>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -88,18 +89,29 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
 
     // Only ceil(count/2) items go: the count is re-read on every pass.
     // Drawers still in the layout move to their new place when re-added.
+    // Taking the last item and invalidating is what removeItem() does for
+    // it, without removeItem()'s walk over every item of the layout.
+    QSet<QWidget *> taken;
     if (m_pContainerLayout->count() > 0) {
         int i = 0;
         do {
-            QLayoutItem *pLast = m_pContainerLayout->itemAt(m_pContainerLayout->count() - 1);
-            m_pContainerLayout->removeItem(pLast);
+            QLayoutItem *pLast = m_pContainerLayout->takeAt(m_pContainerLayout->count() - 1);
+            m_pContainerLayout->invalidate();
+            if (QWidget *pWidget = pLast->widget())
+                taken.insert(pWidget);
             delete pLast; // the item only, never its widget
             ++i;
         } while (i < m_pContainerLayout->count());
     }
     for (DrawerControl *pEntry : qAsConst(m_lstDrawers)) {
-        if (pEntry)
-            m_pContainerLayout->addWidget(pEntry);
+        if (!pEntry)
+            continue;
+        // A drawer taken out above is in no layout. Qt searches the whole
+        // layout for the old place of every widget flagged as laid out, and
+        // addWidget() flags it again: clearing the flag spares that search.
+        if (taken.contains(pEntry))
+            pEntry->setAttribute(Qt::WA_LaidOut, false);
+        m_pContainerLayout->addWidget(pEntry);
     }
     m_pContainerLayout->addStretch(0);
 }

@@ -10,6 +10,8 @@
 // written there as PNG files for a look by eye.
 
 #include "DrawerControl.h"
+#include "EventSender.h"
+#include "NodeFactory.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
@@ -152,10 +154,7 @@ void collectParseWarnings(QtMsgType type, const QMessageLogContext &context, con
 
 st_NodeInfoSignal makeNode(const QStringList &names, int type, QList<bool> buttons)
 {
-    st_NodeInfoSignal node;
-    node.strNodeName = names;
-    node.iType = type;
-    node.isOnline = true;
+    st_NodeInfoSignal node = NodeFactory().node(names, type);
     node.showOpBtn = buttons;
     return node;
 }
@@ -213,17 +212,8 @@ QLabel *upperOf(QWidget *row)
     return row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
 }
 
-void enter(QWidget *w)
-{
-    QEvent event(QEvent::Enter);
-    QCoreApplication::sendEvent(w, &event);
-}
-
-void leave(QWidget *w)
-{
-    QEvent event(QEvent::Leave);
-    QCoreApplication::sendEvent(w, &event);
-}
+using EventSender::sendEnter;
+using EventSender::sendLeave;
 
 } // namespace
 
@@ -373,13 +363,13 @@ void tst_DarkStyleSheet::rootRowStates()
     const QColor normal = pixelOf(root, quietSpot(root));
     COMPARE_COLOUR(normal, kPanel);
 
-    enter(root);
+    sendEnter(root);
     QCOMPARE(root->property("isRootItem").toString(), QStringLiteral("hover"));
     const QColor hover = pixelOf(root, quietSpot(root));
     COMPARE_COLOUR(hover, kRaisedGrey);
     saveShot(host.window.get(), QStringLiteral("dark-root-hover"));
 
-    leave(root);
+    sendLeave(root);
     COMPARE_COLOUR(pixelOf(root, quietSpot(root)), kPanel);
 
     QTest::mouseClick(root, Qt::LeftButton, Qt::NoModifier, quietSpot(root));
@@ -416,7 +406,7 @@ void tst_DarkStyleSheet::childRowStates()
     COMPARE_COLOUR(normal, kPanel);
     COMPARE_COLOUR(pixelOf(second, quietSpot(second)), kBlackRow);
 
-    enter(first);
+    sendEnter(first);
     QCOMPARE(first->property("isSecondItem").toString(), QStringLiteral("hover"));
     const QColor hover = pixelOf(first, quietSpot(first));
     COMPARE_COLOUR(hover, kRaisedGrey);
@@ -428,7 +418,7 @@ void tst_DarkStyleSheet::childRowStates()
     COMPARE_COLOUR(press, kBlackRow);
 
     // Pressed survives leaving; the previously selected row went back.
-    leave(first);
+    sendLeave(first);
     COMPARE_COLOUR(pixelOf(first, quietSpot(first)), kBlackRow);
     COMPARE_COLOUR(pixelOf(second, quietSpot(second)), kPanel);
     saveShot(host.window.get(), QStringLiteral("dark-child-press"));
@@ -452,7 +442,7 @@ void tst_DarkStyleSheet::rootUpperTextTurnsOrangeWhenSelected()
     // Light text, nothing near the orange, at rest and under the pointer.
     QVERIFY2(closestTo(upper, kOrange) > 60, qPrintable(QString::number(closestTo(upper, kOrange))));
     QVERIFY(closestTo(upper, QColor(230, 230, 230)) <= kTextTolerance);
-    enter(root);
+    sendEnter(root);
     QVERIFY(closestTo(upper, kOrange) > 60);
 
     QTest::mouseClick(root, Qt::LeftButton, Qt::NoModifier, quietSpot(root));
@@ -536,7 +526,7 @@ void tst_DarkStyleSheet::hoverButtonsShowTheirPictures()
     host.collect();
     RootItem *root = host.roots.value(1);
     QVERIFY(root);
-    enter(root);
+    sendEnter(root);
 
     QToolButton *edit = nullptr;
     QToolButton *del = nullptr;

@@ -9,7 +9,10 @@
 // position set (the drag's application event filter eats them and turns
 // them into drag-enter, drag-move and drop events).
 
+#include "DragDriver.h"
 #include "DrawerControl.h"
+#include "MessageCapture.h"
+#include "NodeFactory.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "st_NodeInfoSignal.h"
@@ -53,12 +56,7 @@ const char *const kNormalLook = "normal";
 st_NodeInfoSignal makeNode(const QStringList &names, const QString &source = QString(),
                            int type = 0)
 {
-    st_NodeInfoSignal node;
-    node.strNodeName = names;
-    node.strSourceName = source;
-    node.iType = type;
-    node.isOnline = true;
-    return node;
+    return NodeFactory().node(names, source, type);
 }
 
 // Child records "<prefix><first>" ... with a second line and a source name.
@@ -214,48 +212,11 @@ QList<QObject *> layoutEntries(QLayout *layout, QList<int> *spacingHeights)
 
 // ---------------------------------------------------------------- messages
 
-// Collects every message while alive and still hands it on to the test
-// framework's handler (so QTest::ignoreMessage keeps working).
-class MessageLog
+// The drawer's own trace lines among the messages @p log collected.
+QStringList drawerLines(const MessageCapture &log)
 {
-public:
-    MessageLog()
-    {
-        s_current = this;
-        m_previous = qInstallMessageHandler(&MessageLog::handle);
-    }
-    ~MessageLog()
-    {
-        qInstallMessageHandler(m_previous);
-        s_current = nullptr;
-    }
-
-    QStringList drawerLines() const
-    {
-        QStringList result;
-        for (const QString &line : m_lines) {
-            if (line.startsWith(QLatin1String("[Tarn]::DrawerControl::")))
-                result << line;
-        }
-        return result;
-    }
-
-private:
-    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &msg)
-    {
-        if (!s_current)
-            return;
-        s_current->m_lines << msg;
-        if (s_current->m_previous)
-            s_current->m_previous(type, context, msg);
-    }
-
-    static MessageLog *s_current;
-    QtMessageHandler m_previous = nullptr;
-    QStringList m_lines;
-};
-
-MessageLog *MessageLog::s_current = nullptr;
+    return log.linesStartingWith(QStringLiteral("[Tarn]::DrawerControl::"));
+}
 
 // ------------------------------------------------------- look change spy
 
@@ -389,23 +350,7 @@ QPoint marginBesideRow(DrawerControl *drawer, int i)
     return QPoint(containerLeft + 12, centre.y());
 }
 
-// Sends a drag mouse event (move with the left button held, or the release)
-// at @p global to @p window: the running drag's event filter takes it.
-void sendDragMouse(QWindow *window, QEvent::Type type, const QPoint &global)
-{
-    const QPointF local = window->mapFromGlobal(global);
-    const Qt::MouseButton button = type == QEvent::MouseButtonRelease ? Qt::LeftButton : Qt::NoButton;
-    const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, local, local, global, button, buttons, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &event);
-}
-
-void moveAndRelease(QWindow *window, const QPoint &global)
-{
-    sendDragMouse(window, QEvent::MouseMove, global);
-    sendDragMouse(window, QEvent::MouseMove, global);
-    sendDragMouse(window, QEvent::MouseButtonRelease, global);
-}
+using DragDriver::moveAndRelease;
 
 // Ends a running drag with a release far away from every window (no drop).
 void releaseNowhere(QWindow *window)
@@ -450,6 +395,32 @@ DragOutcome dragGesture(DrawerControl *source, const QPoint &pressPos, const QPo
     sendMouseAt(source, QEvent::MouseButtonPress, pressPos, Qt::LeftButton, Qt::LeftButton);
     sendMouseAt(source, QEvent::MouseMove, movePos, Qt::NoButton, Qt::LeftButton);
     return out;
+}
+
+// A drag from @p source that carries @p text and a 10 x 10 black picture,
+// not started yet.
+QDrag *textDrag(QObject *source, const QString &text)
+{
+    auto *drag = new QDrag(source);
+    auto *mime = new QMimeData;
+    mime->setText(text);
+    drag->setMimeData(mime);
+    QPixmap pm(10, 10);
+    pm.fill(Qt::black);
+    drag->setPixmap(pm);
+    return drag;
+}
+
+// Runs @p drag as a move and releases it at @p global over @p window from a
+// timer armed before the drag starts; *ran tells whether that timer fired.
+Qt::DropAction execReleasedAt(QDrag *drag, QWindow *window, const QPoint &global, bool *ran)
+{
+    QObject guard; // dropping it cancels the timer when no drag ran
+    QTimer::singleShot(0, &guard, [&] {
+        *ran = true;
+        moveAndRelease(window, global);
+    });
+    return drag->exec(Qt::MoveAction);
 }
 
 // The drag picture as the drawer is to paint it, built here independently.
@@ -1557,17 +1528,17 @@ void TestDrawerControl::releaseSelfWithoutDrag()
     QWidget host;
     QPointer<DrawerControl> drawer = buildDrawer(&host, 0, 2);
 
-    MessageLog log;
+    MessageCapture log;
     drawer->releaseSelf();
-    QCOMPARE(log.drawerLines(), QStringList({"[Tarn]::DrawerControl::releaseSelf",
-                                             "[Tarn]::DrawerControl::releaseSelf delete"}));
+    QCOMPARE(drawerLines(log), QStringList({"[Tarn]::DrawerControl::releaseSelf",
+                                            "[Tarn]::DrawerControl::releaseSelf delete"}));
     // Deleted later, not at once, and not detached.
     QVERIFY(!drawer.isNull());
     QCOMPARE(drawer->parentWidget(), &host);
 
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(drawer.isNull());
-    QCOMPARE(log.drawerLines().last(), QStringLiteral("[Tarn]::DrawerControl::~DrawerControl()"));
+    QCOMPARE(drawerLines(log).last(), QStringLiteral("[Tarn]::DrawerControl::~DrawerControl()"));
 }
 
 // ------------------------------------------------------------------------
@@ -1722,7 +1693,7 @@ void TestDrawerControl::dragObject()
     DrawerControl *src = scene.src;
     pressWidget(src->secondItems().at(1));
 
-    MessageLog log;
+    MessageCapture log;
     const QPoint end = rowCentre(src, 2); // the row under the pointer does not matter
     const DragOutcome out = dragGesture(src, QPoint(2, end.y()), end,
                                         [&](DragOutcome &) { releaseNowhere(scene.windowHandle()); });
@@ -1736,11 +1707,11 @@ void TestDrawerControl::dragObject()
     // The drag object outlives exec(); the drawer holds it until it dies.
     QVERIFY(!out.drag.isNull());
     QVERIFY(src->isDragging());
-    QVERIFY(log.drawerLines().isEmpty());
+    QVERIFY(drawerLines(log).isEmpty());
     QTRY_VERIFY_WITH_TIMEOUT(out.drag.isNull(), 10000);
     QVERIFY(!src->isDragging());
-    QCOMPARE(log.drawerLines(), QStringList({"[Tarn]::DrawerControl::slot_releaseDrag",
-                                             "[Tarn]::DrawerControl::slot_releaseDrag end"}));
+    QCOMPARE(drawerLines(log), QStringList({"[Tarn]::DrawerControl::slot_releaseDrag",
+                                            "[Tarn]::DrawerControl::slot_releaseDrag end"}));
     QCOMPARE(src->parentWidget(), scene.window.get());
 }
 
@@ -1867,22 +1838,11 @@ void TestDrawerControl::dropFromForeignSourceIgnored()
 
     // A drag whose source is a plain widget, carrying a well-formed text.
     QWidget *foreign = new QWidget(scene.window.get());
-    QPointer<QDrag> drag = new QDrag(foreign);
-    auto *mime = new QMimeData;
-    mime->setText(QStringLiteral("0,1"));
-    drag->setMimeData(mime);
-    QPixmap pm(10, 10);
-    pm.fill(Qt::black);
-    drag->setPixmap(pm);
+    QPointer<QDrag> drag = textDrag(foreign, QStringLiteral("0,1"));
 
-    const QPoint global = dst->mapToGlobal(rowCentre(dst, 1));
-    QObject guard;
     bool ran = false;
-    QTimer::singleShot(0, &guard, [&] {
-        ran = true;
-        moveAndRelease(scene.windowHandle(), global);
-    });
-    const Qt::DropAction result = drag->exec(Qt::MoveAction);
+    const Qt::DropAction result =
+        execReleasedAt(drag, scene.windowHandle(), dst->mapToGlobal(rowCentre(dst, 1)), &ran);
     QVERIFY(ran);
     QCOMPARE(result, Qt::IgnoreAction);
     QCOMPARE(dstSpy.count(), 0);
@@ -1916,22 +1876,11 @@ void TestDrawerControl::dropDecodesText()
 
     // Any other drawer is an acceptable source, whatever its drag text.
     DrawerControl otherDrawer;
-    QPointer<QDrag> drag = new QDrag(&otherDrawer);
-    auto *mime = new QMimeData;
-    mime->setText(text);
-    drag->setMimeData(mime);
-    QPixmap pm(10, 10);
-    pm.fill(Qt::black);
-    drag->setPixmap(pm);
+    QPointer<QDrag> drag = textDrag(&otherDrawer, text);
 
-    const QPoint global = dst->mapToGlobal(rowCentre(dst, 1));
-    QObject guard;
     bool ran = false;
-    QTimer::singleShot(0, &guard, [&] {
-        ran = true;
-        moveAndRelease(scene.windowHandle(), global);
-    });
-    const Qt::DropAction result = drag->exec(Qt::MoveAction);
+    const Qt::DropAction result =
+        execReleasedAt(drag, scene.windowHandle(), dst->mapToGlobal(rowCentre(dst, 1)), &ran);
     QVERIFY(ran);
     QCOMPARE(result, Qt::MoveAction);
     QCOMPARE(dstSpy.count(), 1);
@@ -2062,7 +2011,7 @@ void TestDrawerControl::releaseSelfDuringDrag()
     pressWidget(src->secondItems().at(1));
     QSignalSpy dstSpy(dst, &DrawerControl::signal_OnItemsIsDraged);
 
-    MessageLog log;
+    MessageCapture log;
     bool aliveWhenDragDied = false;
     bool draggingWhenDragDied = true;
     bool parentlessInside = false;
@@ -2100,14 +2049,14 @@ void TestDrawerControl::releaseSelfDuringDrag()
     QCOMPARE(src->parentWidget(), nullptr);
     QVERIFY(!out.drag.isNull());
     QVERIFY(src->isDragging());
-    QCOMPARE(log.drawerLines(), QStringList({"[Tarn]::DrawerControl::releaseSelf"}));
+    QCOMPARE(drawerLines(log), QStringList({"[Tarn]::DrawerControl::releaseSelf"}));
 
     // The drag object goes, then the drawer deletes itself.
     QTRY_VERIFY_WITH_TIMEOUT(out.drag.isNull(), 10000);
     QTRY_VERIFY_WITH_TIMEOUT(src.isNull(), 10000);
     QVERIFY(aliveWhenDragDied);
     QVERIFY(!draggingWhenDragDied);
-    QCOMPARE(log.drawerLines(),
+    QCOMPARE(drawerLines(log),
              QStringList({"[Tarn]::DrawerControl::releaseSelf",
                           "[Tarn]::DrawerControl::slot_releaseDrag",
                           "[Tarn]::DrawerControl::slot_releaseDrag deleteLater",

@@ -1,3 +1,5 @@
+#include "EventSender.h"
+#include "PixelProbe.h"
 #include "RootItem.h"
 
 #include <QApplication>
@@ -19,6 +21,9 @@
 #include <memory>
 
 namespace {
+
+using EventSender::sendEnter;
+using EventSender::sendLeave;
 
 // Every child the row builds, found the way a host style sheet sees them:
 // by type, object name and dynamic property.
@@ -96,18 +101,6 @@ protected:
 private:
     QEvent::Type m_type;
 };
-
-void sendEnter(QWidget *w)
-{
-    QEvent enter(QEvent::Enter);
-    QCoreApplication::sendEvent(w, &enter);
-}
-
-void sendLeave(QWidget *w)
-{
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(w, &leave);
-}
 
 QString prop(QObject *o, const char *name)
 {
@@ -819,19 +812,18 @@ void tst_RootItem::styleSheetFollowsRootLook()
     item->setStyleSheet(QStringLiteral("RootItem[isRootItem=\"normal\"]{background:rgb(0,0,255);}"
                                        "RootItem[isRootItem=\"hover\"]{background:rgb(0,255,0);}"
                                        "RootItem[isRootItem=\"press\"]{background:rgb(226,100,12);}"));
-    const QPoint spot(2, 2);
-    QVERIFY(!item->childAt(spot));
-    auto colourAt = [&] { return item->grab().toImage().pixelColor(spot); };
+    const PixelProbe probe(item.get(), QPoint(2, 2));
+    QVERIFY(!item->childAt(probe.spot()));
 
-    QCOMPARE(colourAt(), QColor(0, 0, 255));
+    QCOMPARE(probe.colour(), QColor(0, 0, 255));
     sendEnter(item.get());
-    QCOMPARE(colourAt(), QColor(0, 255, 0));
+    QCOMPARE(probe.colour(), QColor(0, 255, 0));
     sendLeave(item.get());
-    QCOMPARE(colourAt(), QColor(0, 0, 255));
+    QCOMPARE(probe.colour(), QColor(0, 0, 255));
     QTest::mouseClick(item.get(), Qt::LeftButton, Qt::NoModifier, freeSpot(item.get()));
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
     sendLeave(item.get());
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
 }
 
 void tst_RootItem::styleSheetFollowsUpperLine()
@@ -841,14 +833,13 @@ void tst_RootItem::styleSheetFollowsUpperLine()
     const RootParts p = partsOf(item.get());
     item->setStyleSheet(QStringLiteral("QLabel#m_qlUpper{background:rgb(10,20,30);}"
                                        "QLabel#m_qlUpper[isUpOnline=\"true\"]{background:rgb(226,100,12);}"));
-    const QPoint spot = p.upper->geometry().topLeft() + QPoint(1, 1);
-    auto colourAt = [&] { return item->grab().toImage().pixelColor(spot); };
+    const PixelProbe probe(item.get(), p.upper->geometry().topLeft() + QPoint(1, 1));
 
-    QCOMPARE(colourAt(), QColor(10, 20, 30));
+    QCOMPARE(probe.colour(), QColor(10, 20, 30));
     item->setSelected(true);
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
     item->setSelected(false);
-    QCOMPARE(colourAt(), QColor(10, 20, 30));
+    QCOMPARE(probe.colour(), QColor(10, 20, 30));
 }
 
 void tst_RootItem::resizeAndLanguageChangeDoNothing()

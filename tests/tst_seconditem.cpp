@@ -1,3 +1,5 @@
+#include "EventSender.h"
+#include "PixelProbe.h"
 #include "SecondItem.h"
 
 #include <QApplication>
@@ -18,6 +20,9 @@
 #include <memory>
 
 namespace {
+
+using EventSender::sendEnter;
+using EventSender::sendLeave;
 
 // Limit of the text lines: budget 200, minus 28, minus the 33-pixel icon
 // label.
@@ -71,18 +76,6 @@ struct Recorder
                          [this] { events << QStringLiteral("capture"); });
     }
 };
-
-void sendEnter(QWidget *w)
-{
-    QEvent enter(QEvent::Enter);
-    QCoreApplication::sendEvent(w, &enter);
-}
-
-void sendLeave(QWidget *w)
-{
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(w, &leave);
-}
 
 QString prop(QObject *o, const char *name)
 {
@@ -993,22 +986,21 @@ void tst_SecondItem::styleSheetFollowsItemLook()
     item->setStyleSheet(QStringLiteral("SecondItem[isSecondItem=\"normal\"]{background:rgb(0,0,255);}"
                                        "SecondItem[isSecondItem=\"hover\"]{background:rgb(0,255,0);}"
                                        "SecondItem[isSecondItem=\"press\"]{background:rgb(226,100,12);}"));
-    const QPoint spot(2, 2);
-    QVERIFY(!item->childAt(spot));
-    auto colourAt = [&] { return item->grab().toImage().pixelColor(spot); };
+    const PixelProbe probe(item.get(), QPoint(2, 2));
+    QVERIFY(!item->childAt(probe.spot()));
 
-    QCOMPARE(colourAt(), QColor(0, 0, 255));
+    QCOMPARE(probe.colour(), QColor(0, 0, 255));
     sendEnter(item.get());
-    QCOMPARE(colourAt(), QColor(0, 255, 0));
+    QCOMPARE(probe.colour(), QColor(0, 255, 0));
     sendLeave(item.get());
-    QCOMPARE(colourAt(), QColor(0, 0, 255));
+    QCOMPARE(probe.colour(), QColor(0, 0, 255));
     QTest::ignoreMessage(QtDebugMsg, "enter");
-    QTest::mouseClick(item.get(), Qt::LeftButton, Qt::NoModifier, spot);
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QTest::mouseClick(item.get(), Qt::LeftButton, Qt::NoModifier, probe.spot());
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
     sendLeave(item.get());
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
     item->setPressed(false);
-    QCOMPARE(colourAt(), QColor(0, 0, 255));
+    QCOMPARE(probe.colour(), QColor(0, 0, 255));
 }
 
 void tst_SecondItem::styleSheetFollowsUpperLine()
@@ -1022,15 +1014,14 @@ void tst_SecondItem::styleSheetFollowsUpperLine()
         "QLabel#m_qlUpper{background:rgb(10,20,30);color:rgb(10,20,30);}"
         "QLabel#m_qlUpper[isUpOnline=\"true\"]{background:rgb(226,100,12);color:rgb(226,100,12);}"));
     QTRY_VERIFY(p.upper->width() > 2);
-    const QPoint spot = p.upper->geometry().topLeft() + QPoint(1, 1);
-    auto colourAt = [&] { return item->grab().toImage().pixelColor(spot); };
+    const PixelProbe probe(item.get(), p.upper->geometry().topLeft() + QPoint(1, 1));
 
     // Built with "isUpOnline" = true.
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
     item->setPressed(false);
-    QCOMPARE(colourAt(), QColor(10, 20, 30));
+    QCOMPARE(probe.colour(), QColor(10, 20, 30));
     item->setPressed(true);
-    QCOMPARE(colourAt(), QColor(226, 100, 12));
+    QCOMPARE(probe.colour(), QColor(226, 100, 12));
 }
 
 void tst_SecondItem::languageChangeDoesNothing()

@@ -3,15 +3,19 @@
 // drag between two drawers. Runs on the "minimal" platform, whose in-process
 // drag makes QDrag::exec run for real.
 
+#include "DragDriver.h"
 #include "DrawerControl.h"
+#include "HostRecorder.h"
+#include "MessageCapture.h"
+#include "NodeFactory.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
+#include "TreeText.h"
 
 #include <QApplication>
 #include <QBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMetaMethod>
 #include <QMouseEvent>
@@ -29,26 +33,26 @@
 
 namespace {
 
+using TreeText::pathText;
+using TreeText::snapshot;
+
 // ---- records --------------------------------------------------------------
+
+// Every record carries a host value made from its name.
+const NodeFactory kNodes([](st_NodeInfoSignal &node) {
+    node.nNodeData1 = Q_INT64_C(0x300000000) + qHash(node.strNodeName.value(0));
+});
 
 st_NodeInfoSignal makeNode(const QString &name, const QString &source, int type = 0, int inputNo = 0)
 {
-    st_NodeInfoSignal node;
-    node.strNodeName = QStringList{name};
-    node.strSourceName = source;
-    node.iType = type;
-    node.isOnline = true;
+    st_NodeInfoSignal node = kNodes.node({name}, source, type);
     node.iInputSourceNo = inputNo;
-    node.nNodeData1 = Q_INT64_C(0x300000000) + qHash(name);
     return node;
 }
 
 QList<st_NodeInfoSignal> makeChildren(const QString &prefix, int count, const QString &source)
 {
-    QList<st_NodeInfoSignal> children;
-    for (int i = 0; i < count; ++i)
-        children << makeNode(QStringLiteral("%1-%2").arg(prefix).arg(i), source, 1 + i % 5);
-    return children;
+    return kNodes.children(prefix, count, source);
 }
 
 bool isDefaultNode(const st_NodeInfoSignal &n)
@@ -56,14 +60,6 @@ bool isDefaultNode(const st_NodeInfoSignal &n)
     return n.strNodeName.isEmpty() && n.strSourceName.isEmpty() && !n.strSourceName.isNull()
         && n.nNodeData1 == 0 && !n.isOnline && n.showOpBtn.isEmpty() && n.iType == 0 && n.nNodeData2 == 0
         && n.iSignalGroupNo == 0 && n.eInputSourceType == 0 && n.iInputSourceNo == 0;
-}
-
-QString pathText(const QList<int> &path)
-{
-    QStringList parts;
-    for (int i : path)
-        parts << QString::number(i);
-    return parts.join(QLatin1Char(','));
 }
 
 // ---- host -----------------------------------------------------------------
@@ -102,25 +98,6 @@ void addRoots(SignalTreeList *list, int count, int children)
     }
 }
 
-QStringList childNames(DrawerControl *d)
-{
-    QStringList names;
-    for (SecondItem *item : d->secondItems())
-        names << item->getNodeInfo().strNodeName.value(0);
-    return names;
-}
-
-QStringList snapshot(TreeListFrame *frame)
-{
-    QStringList out;
-    if (!frame)
-        return out;
-    for (DrawerControl *d : frame->drawers())
-        out << d->getRootNodeInfo().strNodeName.value(0) + QLatin1Char(':')
-                   + childNames(d).join(QLatin1Char(','));
-    return out;
-}
-
 int secondItemCount(QWidget *parent)
 {
     return parent->findChildren<QWidget *>(QStringLiteral("SignalSecondItem")).size();
@@ -139,85 +116,9 @@ QStringList typedTexts(const QVariantList &values)
     return out;
 }
 
-class HostRecorder : public QObject
-{
-public:
-    QStringList events;
-
-    explicit HostRecorder(SignalTreeList *list)
-    {
-        connect(list, &SignalTreeList::signal_OnDeleteItem, this,
-                [this](QList<int> p) { events << QStringLiteral("DeleteItem(%1)").arg(pathText(p)); });
-        connect(list, &SignalTreeList::signal_OnDeleteRootItem, this,
-                [this](int r) { events << QStringLiteral("DeleteRootItem(%1)").arg(r); });
-        connect(list, &SignalTreeList::signal_OnDeleteSecondItem, this, [this](int r, int c) {
-            events << QStringLiteral("DeleteSecondItem(%1,%2)").arg(r).arg(c);
-        });
-        connect(list, &SignalTreeList::signal_OnAddRootItem, this,
-                [this](QString name) { events << QStringLiteral("AddRootItem(%1)").arg(name); });
-        connect(list, &SignalTreeList::signal_OnAddSecondItems, this, [this](QList<int> s, QList<int> d) {
-            events << QStringLiteral("AddSecondItems(%1|%2)").arg(pathText(s), pathText(d));
-        });
-        connect(list, &SignalTreeList::signal_OnCurrentItemClicked, this, [this](QList<int> p) {
-            events << QStringLiteral("CurrentItemClicked(%1)").arg(pathText(p));
-        });
-        connect(list, &SignalTreeList::signal_OnGetNewRootName, this,
-                [this] { events << QStringLiteral("GetNewRootName()"); });
-        connect(list, &SignalTreeList::signal_OnEditBtnClicked, this,
-                [this](QList<int> p) { events << QStringLiteral("EditBtnClicked(%1)").arg(pathText(p)); });
-        connect(list, &SignalTreeList::signal_OnDeleteBtnClicked, this, [this](QList<int> p) {
-            events << QStringLiteral("DeleteBtnClicked(%1)").arg(pathText(p));
-        });
-        connect(list, &SignalTreeList::signal_OnCaptureBtnClicked, this, [this](QList<int> p) {
-            events << QStringLiteral("CaptureBtnClicked(%1)").arg(pathText(p));
-        });
-    }
-};
-
-class MessageCapture
-{
-public:
-    MessageCapture()
-    {
-        s_lines.clear();
-        s_previous = qInstallMessageHandler(&MessageCapture::handler);
-    }
-    ~MessageCapture() { qInstallMessageHandler(s_previous); }
-    QStringList lines() const { return s_lines; }
-
-private:
-    static void handler(QtMsgType type, const QMessageLogContext &context, const QString &msg)
-    {
-        s_lines << msg;
-        if (s_previous)
-            s_previous(type, context, msg);
-    }
-    static QStringList s_lines;
-    static QtMessageHandler s_previous;
-};
-QStringList MessageCapture::s_lines;
-QtMessageHandler MessageCapture::s_previous = nullptr;
-
 // ---- driving a real drag ---------------------------------------------------------
 
-void sendMouse(QWindow *window, QEvent::Type type, const QPoint &global, Qt::MouseButton button,
-               Qt::MouseButtons buttons)
-{
-    const QPoint local = window->mapFromGlobal(global);
-    QMouseEvent event(type, QPointF(local), QPointF(local), QPointF(global), button, buttons, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &event);
-}
-
-void sendEscape(QWindow *window)
-{
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &press);
-}
-
-QPoint globalCenter(QWidget *w)
-{
-    return w->mapToGlobal(w->rect().center());
-}
+using DragDriver::globalCenter;
 
 // Plays the user's part while a drag runs. QDrag::exec blocks in its own
 // event loop, so everything that happens during the drag is started from a
@@ -244,7 +145,7 @@ public:
         connect(&m_watchdog, &QTimer::timeout, this, [this] {
             if (m_source && m_source->isDragging() && m_escapeTarget) {
                 watchdogFired = true;
-                sendEscape(m_escapeTarget);
+                DragDriver::escape(m_escapeTarget);
             }
         });
         m_poll.start();
@@ -358,18 +259,8 @@ void tst_SignalTreeList::metaObjectListsTenSignalsInTableOrder()
 {
     const QMetaObject *mo = &SignalTreeList::staticMetaObject;
     QCOMPARE(QByteArray(mo->className()), QByteArray("SignalTreeList"));
-    const QList<QByteArray> expected{
-        "signal_OnDeleteItem(QList<int>)",
-        "signal_OnDeleteRootItem(int)",
-        "signal_OnDeleteSecondItem(int,int)",
-        "signal_OnAddRootItem(QString)",
-        "signal_OnAddSecondItems(QList<int>,QList<int>)",
-        "signal_OnCurrentItemClicked(QList<int>)",
-        "signal_OnGetNewRootName()",
-        "signal_OnEditBtnClicked(QList<int>)",
-        "signal_OnDeleteBtnClicked(QList<int>)",
-        "signal_OnCaptureBtnClicked(QList<int>)",
-    };
+    const QList<QByteArray> expected = HostRecorder::signalSignatures();
+    QCOMPARE(expected.size(), 10);
     QCOMPARE(mo->methodCount() - mo->methodOffset(), expected.size()); // no slots
     for (int i = 0; i < expected.size(); ++i) {
         const QMetaMethod m = mo->method(mo->methodOffset() + i);
@@ -1028,9 +919,9 @@ void tst_SignalTreeList::realDragStoresPathsOnly()
     DragPlayer player(
         source,
         [&] {
-            sendMouse(window, QEvent::MouseMove, dropAt - QPoint(0, 3), Qt::NoButton, Qt::LeftButton);
-            sendMouse(window, QEvent::MouseMove, dropAt, Qt::NoButton, Qt::LeftButton);
-            sendMouse(window, QEvent::MouseButtonRelease, dropAt, Qt::LeftButton, Qt::NoButton);
+            DragDriver::move(window, dropAt - QPoint(0, 3));
+            DragDriver::move(window, dropAt);
+            DragDriver::release(window, dropAt);
         },
         window);
 
@@ -1085,15 +976,15 @@ void tst_SignalTreeList::deletingSourceRootDuringDrag()
         source,
         [&] {
             const QPoint dropAt = globalCenter(other->secondItems().at(1));
-            sendMouse(window, QEvent::MouseMove, dropAt, Qt::NoButton, Qt::LeftButton);
+            DragDriver::move(window, dropAt);
             host->list->deleteRootItem(0);
             detachedDuringDrag = source && source->parentWidget() == nullptr;
             drawersDuringDrag = frame->drawers().size();
             if (drop) {
-                sendMouse(window, QEvent::MouseMove, dropAt + QPoint(1, 0), Qt::NoButton, Qt::LeftButton);
-                sendMouse(window, QEvent::MouseButtonRelease, dropAt, Qt::LeftButton, Qt::NoButton);
+                DragDriver::move(window, dropAt + QPoint(1, 0));
+                DragDriver::release(window, dropAt);
             } else {
-                sendEscape(window);
+                DragDriver::escape(window);
             }
         },
         window);
@@ -1153,13 +1044,13 @@ void tst_SignalTreeList::destroyingListDuringDrag()
     DragPlayer player(
         source,
         [&] {
-            sendMouse(window, QEvent::MouseMove, globalCenter(other->rootItem()), Qt::NoButton, Qt::LeftButton);
+            DragDriver::move(window, globalCenter(other->rootItem()));
             if (withParent)
                 host->parent.reset();
             else
                 delete list.data();
             sourceSurvived = !source.isNull();
-            sendEscape(spare.windowHandle());
+            DragDriver::escape(spare.windowHandle());
         },
         spare.windowHandle());
 

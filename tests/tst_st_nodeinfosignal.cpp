@@ -78,41 +78,57 @@ void checkFullRecord(const st_NodeInfoSignal &node)
     QCOMPARE(node.iInputSourceNo, 17);
 }
 
+// Every field of a default-constructed record.
+void checkDefaultRecord(const st_NodeInfoSignal &node)
+{
+    QVERIFY(node.strNodeName.isEmpty());
+    QVERIFY(node.strSourceName.isEmpty());
+    QVERIFY2(!node.strSourceName.isNull(), "the source name is set from \"\", so it is not null");
+    QCOMPARE(node.nNodeData1, qint64(0));
+    QCOMPARE(node.isOnline, false);
+    QVERIFY(node.showOpBtn.isEmpty());
+    QCOMPARE(node.iType, 0);
+    QCOMPARE(node.nNodeData2, qint64(0));
+    QCOMPARE(node.iSignalGroupNo, 0);
+    QCOMPARE(node.eInputSourceType, 0);
+    QCOMPARE(node.iInputSourceNo, 0);
+}
+
+// A default record with @p field set to @p value.
+template <typename Field, typename Value>
+st_NodeInfoSignal withField(Field st_NodeInfoSignal::*field, const Value &value)
+{
+    st_NodeInfoSignal node;
+    node.*field = value;
+    return node;
+}
+
 // One record per field, each differing from the default in that field alone.
 QList<st_NodeInfoSignal> singleFieldVariants()
 {
-    QList<st_NodeInfoSignal> out;
-    st_NodeInfoSignal n;
-    n.strNodeName = QStringList{ QStringLiteral("x") };
-    out << n;
-    n = st_NodeInfoSignal();
-    n.strSourceName = QStringLiteral("x");
-    out << n;
-    n = st_NodeInfoSignal();
-    n.nNodeData1 = 1;
-    out << n;
-    n = st_NodeInfoSignal();
-    n.isOnline = true;
-    out << n;
-    n = st_NodeInfoSignal();
-    n.showOpBtn = QList<bool>{ false };
-    out << n;
-    n = st_NodeInfoSignal();
-    n.iType = 1;
-    out << n;
-    n = st_NodeInfoSignal();
-    n.nNodeData2 = 1;
-    out << n;
-    n = st_NodeInfoSignal();
-    n.iSignalGroupNo = 1;
-    out << n;
-    n = st_NodeInfoSignal();
-    n.eInputSourceType = 1;
-    out << n;
-    n = st_NodeInfoSignal();
-    n.iInputSourceNo = 1;
-    out << n;
-    return out;
+    return {
+        withField(&st_NodeInfoSignal::strNodeName, QStringList{ QStringLiteral("x") }),
+        withField(&st_NodeInfoSignal::strSourceName, QStringLiteral("x")),
+        withField(&st_NodeInfoSignal::nNodeData1, qint64(1)),
+        withField(&st_NodeInfoSignal::isOnline, true),
+        withField(&st_NodeInfoSignal::showOpBtn, QList<bool>{ false }),
+        withField(&st_NodeInfoSignal::iType, 1),
+        withField(&st_NodeInfoSignal::nNodeData2, qint64(1)),
+        withField(&st_NodeInfoSignal::iSignalGroupNo, 1),
+        withField(&st_NodeInfoSignal::eInputSourceType, 1),
+        withField(&st_NodeInfoSignal::iInputSourceNo, 1),
+    };
+}
+
+// A record with the leading ordering keys set: input source number, signal
+// group number and name lines.
+st_NodeInfoSignal keyed(int source, int group, const QStringList &name)
+{
+    st_NodeInfoSignal node;
+    node.iInputSourceNo = source;
+    node.iSignalGroupNo = group;
+    node.strNodeName = name;
+    return node;
 }
 
 // A mixed set for the ordering laws: ties on the leading keys, negatives,
@@ -129,10 +145,7 @@ QList<st_NodeInfoSignal> variedRecords()
     for (int source : sources) {
         for (int group : groups) {
             for (const QStringList &name : names) {
-                st_NodeInfoSignal n;
-                n.iInputSourceNo = source;
-                n.iSignalGroupNo = group;
-                n.strNodeName = name;
+                st_NodeInfoSignal n = keyed(source, group, name);
                 n.nNodeData1 = source * 1000 + group;
                 out << n;
             }
@@ -180,17 +193,7 @@ private slots:
 void tst_st_NodeInfoSignal::defaults()
 {
     const st_NodeInfoSignal node;
-    QVERIFY(node.strNodeName.isEmpty());
-    QVERIFY(node.strSourceName.isEmpty());
-    QVERIFY2(!node.strSourceName.isNull(), "the source name is set from \"\", so it is not null");
-    QCOMPARE(node.nNodeData1, qint64(0));
-    QCOMPARE(node.isOnline, false);
-    QVERIFY(node.showOpBtn.isEmpty());
-    QCOMPARE(node.iType, 0);
-    QCOMPARE(node.nNodeData2, qint64(0));
-    QCOMPARE(node.iSignalGroupNo, 0);
-    QCOMPARE(node.eInputSourceType, 0);
-    QCOMPARE(node.iInputSourceNo, 0);
+    checkDefaultRecord(node);
 }
 
 void tst_st_NodeInfoSignal::copyConstructorCopiesEveryField()
@@ -216,17 +219,7 @@ void tst_st_NodeInfoSignal::assignmentOverwritesEveryField()
     const st_NodeInfoSignal blank;
     st_NodeInfoSignal &result = (target = blank);
     QCOMPARE(&result, &target);
-    QVERIFY(target.strNodeName.isEmpty());
-    QVERIFY(target.strSourceName.isEmpty());
-    QVERIFY(!target.strSourceName.isNull());
-    QCOMPARE(target.nNodeData1, qint64(0));
-    QCOMPARE(target.isOnline, false);
-    QVERIFY(target.showOpBtn.isEmpty());
-    QCOMPARE(target.iType, 0);
-    QCOMPARE(target.nNodeData2, qint64(0));
-    QCOMPARE(target.iSignalGroupNo, 0);
-    QCOMPARE(target.eInputSourceType, 0);
-    QCOMPARE(target.iInputSourceNo, 0);
+    checkDefaultRecord(target);
 }
 
 void tst_st_NodeInfoSignal::selfAssignmentLeavesRecordUnchanged()
@@ -365,19 +358,13 @@ void tst_st_NodeInfoSignal::orderingLeadingKeys()
     QFETCH(int, highGroup);
     QFETCH(QStringList, highName);
 
-    st_NodeInfoSignal low;
-    low.iInputSourceNo = lowSource;
-    low.iSignalGroupNo = lowGroup;
-    low.strNodeName = lowName;
+    st_NodeInfoSignal low = keyed(lowSource, lowGroup, lowName);
     // Later keys pull the other way, so only the leading keys can decide.
     low.strSourceName = QStringLiteral("zzz");
     low.iType = 99;
     low.nNodeData1 = 99;
 
-    st_NodeInfoSignal high;
-    high.iInputSourceNo = highSource;
-    high.iSignalGroupNo = highGroup;
-    high.strNodeName = highName;
+    const st_NodeInfoSignal high = keyed(highSource, highGroup, highName);
 
     QVERIFY(low < high);
     QVERIFY(!(high < low));

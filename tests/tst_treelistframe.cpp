@@ -5,10 +5,14 @@
 // getSignalTreeListFrame() only to look at its layout and stored state.
 
 #include "DrawerControl.h"
+#include "HostRecorder.h"
+#include "MessageCapture.h"
+#include "NodeFactory.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
+#include "TreeText.h"
 
 #include <CLanguageTranslateFrame.h>
 #include <ScrollBarEx.h>
@@ -31,31 +35,35 @@
 
 namespace {
 
+using TreeText::childNames;
+using TreeText::pathText;
+using TreeText::rootName;
+using TreeText::snapshot;
+
 // ---- records --------------------------------------------------------------
 
-st_NodeInfoSignal makeNode(const QString &name, const QString &source, int type = 0)
-{
-    st_NodeInfoSignal node;
-    node.strNodeName = QStringList{name};
-    node.strSourceName = source;
-    node.iType = type;
-    node.isOnline = true;
+// Every field of every record is set, each from the name or the source, so
+// that a record that reaches the host can be told from any other.
+const NodeFactory kNodes([](st_NodeInfoSignal &node) {
+    const QString name = node.strNodeName.value(0);
+    const QString source = node.strSourceName;
     node.nNodeData1 = Q_INT64_C(0x100000000) + qHash(name);
     node.nNodeData2 = -Q_INT64_C(0x200000000) - qHash(source);
     node.iSignalGroupNo = name.size();
     node.eInputSourceType = 3;
     node.iInputSourceNo = source.size() + 7;
     node.showOpBtn = QList<bool>{true, false, true};
-    return node;
+});
+
+st_NodeInfoSignal makeNode(const QString &name, const QString &source, int type = 0)
+{
+    return kNodes.node({name}, source, type);
 }
 
 // Child records "<prefix>-0", "<prefix>-1", ... all of input source @p source.
 QList<st_NodeInfoSignal> makeChildren(const QString &prefix, int count, const QString &source)
 {
-    QList<st_NodeInfoSignal> children;
-    for (int i = 0; i < count; ++i)
-        children << makeNode(QStringLiteral("%1-%2").arg(prefix).arg(i), source, 1 + i % 5);
-    return children;
+    return kNodes.children(prefix, count, source);
 }
 
 // Every field of a record as one text, so that a mismatch names the field.
@@ -84,14 +92,6 @@ bool isDefaultNode(const st_NodeInfoSignal &n)
         && n.eInputSourceType == 0 && n.iInputSourceNo == 0;
 }
 
-QString pathText(const QList<int> &path)
-{
-    QStringList parts;
-    for (int i : path)
-        parts << QString::number(i);
-    return parts.join(QLatin1Char(','));
-}
-
 // ---- host -----------------------------------------------------------------
 
 // A host window with the list laid out in it, as a host application builds it.
@@ -116,65 +116,7 @@ std::unique_ptr<Host> makeHost()
     return host;
 }
 
-// Records every host-facing signal of the list, in emission order.
-class HostRecorder : public QObject
-{
-public:
-    QStringList events;
-
-    explicit HostRecorder(SignalTreeList *list)
-    {
-        connect(list, &SignalTreeList::signal_OnDeleteItem, this,
-                [this](QList<int> p) { events << QStringLiteral("DeleteItem(%1)").arg(pathText(p)); });
-        connect(list, &SignalTreeList::signal_OnDeleteRootItem, this,
-                [this](int r) { events << QStringLiteral("DeleteRootItem(%1)").arg(r); });
-        connect(list, &SignalTreeList::signal_OnDeleteSecondItem, this, [this](int r, int c) {
-            events << QStringLiteral("DeleteSecondItem(%1,%2)").arg(r).arg(c);
-        });
-        connect(list, &SignalTreeList::signal_OnAddRootItem, this,
-                [this](QString name) { events << QStringLiteral("AddRootItem(%1)").arg(name); });
-        connect(list, &SignalTreeList::signal_OnAddSecondItems, this, [this](QList<int> s, QList<int> d) {
-            events << QStringLiteral("AddSecondItems(%1|%2)").arg(pathText(s), pathText(d));
-        });
-        connect(list, &SignalTreeList::signal_OnCurrentItemClicked, this, [this](QList<int> p) {
-            events << QStringLiteral("CurrentItemClicked(%1)").arg(pathText(p));
-        });
-        connect(list, &SignalTreeList::signal_OnGetNewRootName, this,
-                [this] { events << QStringLiteral("GetNewRootName()"); });
-        connect(list, &SignalTreeList::signal_OnEditBtnClicked, this,
-                [this](QList<int> p) { events << QStringLiteral("EditBtnClicked(%1)").arg(pathText(p)); });
-        connect(list, &SignalTreeList::signal_OnDeleteBtnClicked, this, [this](QList<int> p) {
-            events << QStringLiteral("DeleteBtnClicked(%1)").arg(pathText(p));
-        });
-        connect(list, &SignalTreeList::signal_OnCaptureBtnClicked, this, [this](QList<int> p) {
-            events << QStringLiteral("CaptureBtnClicked(%1)").arg(pathText(p));
-        });
-    }
-};
-
 // ---- looking at drawers ---------------------------------------------------
-
-QString rootName(DrawerControl *d)
-{
-    return d->getRootNodeInfo().strNodeName.value(0);
-}
-
-QStringList childNames(DrawerControl *d)
-{
-    QStringList names;
-    for (SecondItem *item : d->secondItems())
-        names << item->getNodeInfo().strNodeName.value(0);
-    return names;
-}
-
-// "Root:child,child" for every drawer in list order.
-QStringList snapshot(TreeListFrame *frame)
-{
-    QStringList out;
-    for (DrawerControl *d : frame->drawers())
-        out << rootName(d) + QLatin1Char(':') + childNames(d).join(QLatin1Char(','));
-    return out;
-}
 
 QList<int> rootIndexes(TreeListFrame *frame)
 {
@@ -248,32 +190,6 @@ QStringList layoutTokens(TreeListFrame *frame)
     }
     return tokens;
 }
-
-// ---- debug stream -----------------------------------------------------------
-
-class MessageCapture
-{
-public:
-    MessageCapture()
-    {
-        s_lines.clear();
-        s_previous = qInstallMessageHandler(&MessageCapture::handler);
-    }
-    ~MessageCapture() { qInstallMessageHandler(s_previous); }
-    QStringList lines() const { return s_lines; }
-
-private:
-    static void handler(QtMsgType type, const QMessageLogContext &context, const QString &msg)
-    {
-        s_lines << msg;
-        if (s_previous)
-            s_previous(type, context, msg);
-    }
-    static QStringList s_lines;
-    static QtMessageHandler s_previous;
-};
-QStringList MessageCapture::s_lines;
-QtMessageHandler MessageCapture::s_previous = nullptr;
 
 // Lets a queued call that is already posted run, and nothing more.
 void runPostedCalls()
@@ -462,18 +378,8 @@ void tst_TreeListFrame::metaObjectListsTenSignalsInOrder()
 {
     const QMetaObject *mo = &TreeListFrame::staticMetaObject;
     QCOMPARE(QByteArray(mo->className()), QByteArray("TreeListFrame"));
-    const QList<QByteArray> expected{
-        "signal_OnDeleteItem(QList<int>)",
-        "signal_OnDeleteRootItem(int)",
-        "signal_OnDeleteSecondItem(int,int)",
-        "signal_OnAddRootItem(QString)",
-        "signal_OnAddSecondItems(QList<int>,QList<int>)",
-        "signal_OnCurrentItemClicked(QList<int>)",
-        "signal_OnGetNewRootName()",
-        "signal_OnEditBtnClicked(QList<int>)",
-        "signal_OnDeleteBtnClicked(QList<int>)",
-        "signal_OnCaptureBtnClicked(QList<int>)",
-    };
+    const QList<QByteArray> expected = HostRecorder::signalSignatures();
+    QCOMPARE(expected.size(), 10);
     QList<QByteArray> signalList;
     QList<QByteArray> slotList;
     for (int i = mo->methodOffset(); i < mo->methodCount(); ++i) {

@@ -1,0 +1,21 @@
+#include "EventSender.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QWidget>
+
+namespace EventSender {
+
+void sendEnter(QWidget *widget)
+{
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(widget, &enter);
+}
+
+void sendLeave(QWidget *widget)
+{
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(widget, &leave);
+}
+
+} // namespace EventSender
