@@ -179,7 +179,7 @@ void BenchRunner::runTiming(int reps)
 {
     // One unrecorded pass over two groups of every design first: fonts,
     // glyphs, pictures and style sheet caches are then warm for all of them.
-    if (m_content.roots() > 2) {
+    if (m_bWarmUp && m_content.roots() > 2) {
         const BenchContent warmContent(2, m_content.children());
         BenchRunner warm(warmContent, m_style, m_out);
         warm.m_bWallClock = m_bWallClock;

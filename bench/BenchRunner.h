@@ -40,6 +40,8 @@ public:
     void setOperations(const QStringList &ops) { m_ops = ops; }
     /// Wall clock instead of the thread's CPU time.
     void setWallClock(bool wall) { m_bWallClock = wall; }
+    /// Whether runTiming() starts with an unrecorded warm-up pass (default).
+    void setWarmUp(bool warmUp) { m_bWarmUp = warmUp; }
 
     /// @p reps repetitions of every selected operation on every design.
     void runTiming(int reps);
@@ -72,6 +74,7 @@ private:
     QStringList m_ops;
     QElapsedTimer m_clock;
     bool m_bWallClock = false;
+    bool m_bWarmUp = true;
     qint64 m_signalAt = -1;
     // subject -> op -> samples (ns)
     QMap<QString, QMap<QString, QVector<qint64>>> m_samples;

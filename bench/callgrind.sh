@@ -33,8 +33,8 @@ for c in "${cases[@]}"; do
   for f in $funcs; do toggles+=("--toggle-collect=BenchRunner::$f*"); done
   file=$out/$name-$size-$look-$subject.out
   valgrind --tool=callgrind --callgrind-out-file="$file" --collect-atstart=no "${toggles[@]}" \
-      "$bench" --case timing --size "$size" --look "$look" --reps 1 --subjects "$subject" \
-      --ops "$ops" >/dev/null 2>"$file.log"
+      "$bench" --case timing --size "$size" --look "$look" --reps 1 --no-warmup \
+      --subjects "$subject" --ops "$ops" >/dev/null 2>"$file.log"
   ir=$(grep -m1 '^summary:' "$file" | awk '{print $2}')
   printf '%-16s %-7s %-6s %-5s %15s\n' "$name" "$size" "$look" "$subject" "$(printf "%'d" "$ir")"
 done

@@ -2,6 +2,7 @@
 // same rows. One process runs one case:
 //
 //   --case timing --size 256x16 --look none|sheet [--reps 5] [--clock cpu|wall]
+//          [--no-warmup]
 //          [--subjects stl,tree,treewidgets,floor] [--ops build,show,...]
 //   --case memory --size 256x16 --look none|sheet --subject floor
 //   --case report FILE...      (Markdown tables from the lines printed above)
@@ -42,6 +43,7 @@ int usage()
 {
     std::fprintf(stderr,
                  "usage: signaltreelist_bench --case timing --size RxC --look none|sheet [--reps N] [--clock cpu|wall]\n"
+                 "                            [--no-warmup]\n"
                  "                            [--subjects a,b] [--ops a,b] [--qss PATH]\n"
                  "       signaltreelist_bench --case memory --size RxC --look none|sheet --subject KEY\n"
                  "       signaltreelist_bench --case report FILE...\n");
@@ -66,6 +68,7 @@ int main(int argc, char **argv)
     QStringList files;
     int reps = 5;
     QString clock = QStringLiteral("cpu");
+    bool warmUp = true;
     for (int i = 0; i < args.size(); ++i) {
         const QString &a = args.at(i);
         const QString next = args.value(i + 1);
@@ -73,6 +76,7 @@ int main(int argc, char **argv)
         else if (a == QLatin1String("--size")) { size = next; ++i; }
         else if (a == QLatin1String("--look")) { style = next; ++i; }
         else if (a == QLatin1String("--clock")) { clock = next; ++i; }
+        else if (a == QLatin1String("--no-warmup")) { warmUp = false; }
         else if (a == QLatin1String("--qss")) { qss = next; ++i; }
         else if (a == QLatin1String("--reps")) { reps = next.toInt(); ++i; }
         else if (a == QLatin1String("--subject")) { subject = next; ++i; }
@@ -126,6 +130,7 @@ int main(int argc, char **argv)
     const BenchContent content(roots, children);
     BenchRunner runner(content, style, out);
     runner.setWallClock(clock == QLatin1String("wall"));
+    runner.setWarmUp(warmUp);
     if (!subjects.isEmpty())
         runner.setSubjects(subjects);
     runner.setOperations(ops);
