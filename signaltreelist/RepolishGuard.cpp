@@ -32,63 +32,61 @@ void RepolishGuard::repolish(QWidget *widget)
         record(widget);
         return;
     }
-    if (styleSheet && !m_seen.isEmpty() && unchanged(widget))
+    if (styleSheet && !m_levels.isEmpty() && unchanged(widget))
         return;
     style->unpolish(widget);
     style->polish(widget);
-    if (styleSheet)
+    if (styleSheet) {
         record(widget);
-    else
-        m_seen.clear();
+    } else {
+        m_levels = QVector<Level>();
+        m_properties = QVector<Property>();
+    }
 }
 
 bool RepolishGuard::unchanged(const QWidget *widget) const
 {
-    int i = 0;
-    const int size = m_seen.size();
-    for (const QWidget *w = widget; w; w = w->parentWidget()) {
-        if (i + 3 > size)
+    int level = 0;
+    int property = 0;
+    for (const QWidget *w = widget; w; w = w->parentWidget(), ++level) {
+        if (level >= m_levels.size())
             return false;
-        if (m_seen.at(i++).value<quintptr>() != quintptr(w))
+        const Level &seen = m_levels.at(level);
+        if (seen.widget != w || seen.objectName != w->objectName())
             return false;
-        if (m_seen.at(i++).toString() != w->objectName())
-            return false;
-        const int count = m_seen.at(i++).toInt();
-        int seenCount = 0;
+        const int end = property + seen.properties;
         const QList<QByteArray> names = w->dynamicPropertyNames();
         for (const QByteArray &name : names) {
             if (isInternal(name))
                 continue;
-            if (++seenCount > count || i + 2 > size)
+            if (property >= end)
                 return false;
-            if (m_seen.at(i++).toByteArray() != name)
-                return false;
-            if (!sameValue(m_seen.at(i++), w->property(name.constData())))
+            const Property &seenProperty = m_properties.at(property++);
+            if (seenProperty.name != name || !sameValue(seenProperty.value, w->property(name.constData())))
                 return false;
         }
-        if (seenCount != count)
+        if (property != end)
             return false;
     }
-    return i == size;
+    return level == m_levels.size();
 }
 
 void RepolishGuard::record(const QWidget *widget)
 {
-    m_seen.clear();
+    m_levels.clear();
+    m_properties.clear();
     for (const QWidget *w = widget; w; w = w->parentWidget()) {
-        m_seen.append(QVariant::fromValue<quintptr>(quintptr(w)));
-        m_seen.append(w->objectName());
-        const int countAt = m_seen.size();
-        m_seen.append(0);
-        int count = 0;
+        Level level{w, w->objectName(), 0};
         const QList<QByteArray> names = w->dynamicPropertyNames();
         for (const QByteArray &name : names) {
             if (isInternal(name))
                 continue;
-            m_seen.append(name);
-            m_seen.append(w->property(name.constData()));
-            ++count;
+            m_properties.append(Property{name, w->property(name.constData())});
+            ++level.properties;
         }
-        m_seen[countAt] = count;
+        m_levels.append(level);
     }
+    // Kept for the widget's life: no spare capacity.
+    m_levels.squeeze();
+    m_properties.squeeze();
 }

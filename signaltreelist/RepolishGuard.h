@@ -3,6 +3,8 @@
 
 // Internal: not installed, not part of the library's interface.
 
+#include <QByteArray>
+#include <QString>
 #include <QVariant>
 #include <QVector>
 
@@ -36,15 +38,28 @@ public:
     void repolish(QWidget *widget);
 
 private:
-    /// True when @p widget and its ancestors are as recorded in m_seen.
+    /// One widget of the chain from the re-polished widget up to its window.
+    struct Level
+    {
+        const QWidget *widget;
+        QString objectName;
+        int properties; ///< how many entries of m_properties are its own
+    };
+    struct Property
+    {
+        QByteArray name;
+        QVariant value;
+    };
+
+    /// True when @p widget and its ancestors are as recorded.
     bool unchanged(const QWidget *widget) const;
     void record(const QWidget *widget);
 
-    /// Per widget from @p widget up to its window: the widget's address,
-    /// its object name, its number of recorded dynamic properties, then
-    /// name and value of each. Empty until the first re-polish (or the
-    /// first skip of a widget that is not polished yet).
-    QVector<QVariant> m_seen;
+    /// The chain as recorded after the last re-polish (or the last skip of
+    /// a widget that is not polished yet); empty before. The dynamic
+    /// properties of all levels follow each other in m_properties.
+    QVector<Level> m_levels;
+    QVector<Property> m_properties;
 };
 
 #endif // SIGNALTREELIST_REPOLISHGUARD_H
