@@ -1,5 +1,6 @@
 #include "DrawerControl.h"
 
+#include "HandlerGuard.h"
 #include "LayoutInstall.h"
 #include "NodeInfoTrace.h"
 #include "RootItem.h"
@@ -172,7 +173,11 @@ void DrawerControl::deleteSecondItem(int childIndex)
 {
     if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
         return;
-    delete m_lstSecondItem.takeAt(childIndex);
+    SecondItem *pItem = m_lstSecondItem.takeAt(childIndex);
+    // A row removed from inside its own handler leaves the screen now and
+    // is freed when that handler returns.
+    if (!HandlerGuard::deferDeletion(pItem))
+        delete pItem;
 }
 
 st_NodeInfoSignal DrawerControl::getRootNodeInfo()
@@ -218,7 +223,7 @@ void DrawerControl::setCurSelSecondItem(int childIndex)
         m_lstSecondItem.at(i)->setPressed(i == childIndex);
     m_iCurSecondIndex = childIndex;
     m_lstSelIndex = QList<int>() << m_iRootIndex << childIndex;
-    emit signal_OnCurrentItemClicked(m_lstSelIndex);
+    reportSelection(&DrawerControl::signal_OnCurrentItemClicked);
 }
 
 void DrawerControl::setRootItemSelected(bool bIsSelected)
@@ -270,7 +275,11 @@ void DrawerControl::releaseSelf()
 {
     qDebug() << "[Tarn]::DrawerControl::releaseSelf";
     if (!m_pDrag) {
-        deleteLater();
+        // Released from inside a handler of this drawer or of one of its
+        // rows (a host slot, maybe in a nested event loop): off the screen
+        // now, freed once that handler has returned.
+        if (!HandlerGuard::deferDeletion(this))
+            deleteLater();
         qDebug() << "[Tarn]::DrawerControl::releaseSelf delete";
     } else {
         // Our own drag is still running inside mouseMoveEvent: dying now
@@ -390,12 +399,12 @@ void DrawerControl::slot_OnSecondItemClicked()
         m_stSelNodeInfo = pSender->getNodeInfo();
     }
     m_lstSelIndex = QList<int>() << m_iRootIndex << m_iCurSecondIndex;
-    emit signal_OnCurrentItemClicked(m_lstSelIndex);
+    reportSelection(&DrawerControl::signal_OnCurrentItemClicked);
 }
 
 void DrawerControl::slot_OnSecondItemCaptureBtnClicked()
 {
-    emit signal_OnCaptureBtnClicked(m_lstSelIndex);
+    reportSelection(&DrawerControl::signal_OnCaptureBtnClicked);
 }
 
 void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
@@ -407,12 +416,21 @@ void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
 
 void DrawerControl::slot_OnEditBtnClicked()
 {
-    emit signal_OnEditBtnClicked(m_lstSelIndex);
+    reportSelection(&DrawerControl::signal_OnEditBtnClicked);
 }
 
 void DrawerControl::slot_OnDeleteBtnClicked()
 {
-    emit signal_OnDeleteBtnClicked(m_lstSelIndex);
+    reportSelection(&DrawerControl::signal_OnDeleteBtnClicked);
+}
+
+void DrawerControl::reportSelection(void (DrawerControl::*signal)(QList<int>))
+{
+    // Every path that reaches the host leaves through here. The host may
+    // release this drawer from its slot; the guard keeps the drawer, and the
+    // root row button whose click led here, alive until the slot returns.
+    const HandlerGuard guard(this);
+    emit(this->*signal)(m_lstSelIndex);
 }
 
 void DrawerControl::mousePressEvent(QMouseEvent *event)

@@ -126,6 +126,8 @@ protected:
 
 private:
     void connectSecondItemButtons(SecondItem *pItem);
+    /// Emits @p signal with a copy of the selection path.
+    void reportSelection(void (DrawerControl::*signal)(QList<int>));
     bool acceptsDragFrom(QObject *source) const;
 
     RootItem *m_pRootItem;

@@ -1,5 +1,6 @@
 #include "SecondItem.h"
 
+#include "HandlerGuard.h"
 #include "LayoutInstall.h"
 #include "StyleConstants.h"
 
@@ -334,8 +335,12 @@ void SecondItem::reTranslateUI()
 {
 }
 
+// The host may remove this row from its slot for the first signal; the
+// guard keeps it alive until the handler returns, and a row that has left
+// its drawer has its signals blocked, so the second signal then goes nowhere.
 void SecondItem::slot_OnCaptureBtnClicked()
 {
+    const HandlerGuard guard(this);
     // Capturing does not select the row.
     emit signal_OnItemClicked();
     emit signal_OnCaptureBtnClicked();
@@ -343,6 +348,7 @@ void SecondItem::slot_OnCaptureBtnClicked()
 
 void SecondItem::slot_OnEditBtnClicked()
 {
+    const HandlerGuard guard(this);
     setPressed(true);
     emit signal_OnItemClicked();
     emit signal_OnEditBtnClicked();
@@ -350,6 +356,7 @@ void SecondItem::slot_OnEditBtnClicked()
 
 void SecondItem::slot_OnDeleteBtnClicked()
 {
+    const HandlerGuard guard(this);
     setPressed(true);
     emit signal_OnItemClicked();
     emit signal_OnDeleteBtnClicked();
@@ -358,6 +365,7 @@ void SecondItem::slot_OnDeleteBtnClicked()
 void SecondItem::mousePressEvent(QMouseEvent *event)
 {
     Q_UNUSED(event)
+    const HandlerGuard guard(this);
     qDebug() << "enter";
     m_bIsPressed = true;
     setProperty("isTarn", true);

@@ -1,5 +1,6 @@
 #include "SignalTreeList.h"
 
+#include "HandlerGuard.h"
 #include "SignalTreeList_p.h"
 #include "StyleConstants.h"
 #include "TreeListFrame.h"
@@ -17,7 +18,10 @@ SignalTreeList::SignalTreeList(QWidget *parent)
 SignalTreeList::~SignalTreeList()
 {
     if (m_pData->pTreeListFrame) {
-        delete m_pData->pTreeListFrame;
+        // Deleted from one of its own signals: the frame is taken off the
+        // screen now and freed once the emitting handler has returned.
+        if (!HandlerGuard::deferDeletion(m_pData->pTreeListFrame))
+            delete m_pData->pTreeListFrame;
         m_pData->pTreeListFrame = nullptr;
     }
     delete m_pData->pOrphanLayout;

@@ -1,6 +1,7 @@
 #include "TreeListFrame.h"
 
 #include "DrawerControl.h"
+#include "HandlerGuard.h"
 #include "StyleConstants.h"
 
 #include <ScrollBarEx.h>
@@ -285,6 +286,9 @@ void TreeListFrame::slot_OnItemsIsDraged(QList<int> lstSrc, QList<int> lstDst)
 
 void TreeListFrame::slot_OnCompleteDraged()
 {
+    // The host hears three signals from here and may delete the list from
+    // any of them: the frame stays until this slot has returned.
+    const HandlerGuard guard(this);
     st_NodeInfoSignal src;
     st_NodeInfoSignal dst;
     getNodeByIndex(m_lstDragSrc, src);
