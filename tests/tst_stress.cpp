@@ -5,7 +5,10 @@
 // the shown control (clicks, double clicks, enter and leave, the hover
 // buttons) and with real drags. During a drag the host may delete the
 // dragging root, clear the tree, destroy the whole control or call any
-// other operation. A small oracle keeps what the public behaviour implies
+// other operation. The host also acts from inside the list's signals: it
+// calls operations (often removing the row or root that just emitted), does
+// so from a nested event loop as a modal dialog would, or deletes the whole
+// control. A small oracle keeps what the public behaviour implies
 // (the rows, their records and stored indices, the selection of every
 // drawer, which signals reach the host with which paths) and after every
 // step the oracle and the control must agree.
@@ -41,6 +44,7 @@
 #include <QCheckBox>
 #include <QDrag>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QLayout>
 #include <QMap>
 #include <QMouseEvent>
@@ -467,6 +471,7 @@ struct Stats
     int drops = 0;
     int dragDeleteRoot = 0, dragDeleteRow = 0, dragClear = 0, dragDestroy = 0, dragHostOps = 0;
     int signalsChecked = 0;
+    int reactCalls = 0, reactNested = 0, reactDestroy = 0, reactOwnRow = 0;
     int maxDrawers = 0;
     int maxRows = 0;
 };
@@ -546,6 +551,15 @@ private:
     void apiOp(Op op);
     void uiOp(Op op);
     void opDrag();
+    // the host, from inside the list's signals
+    void hostSignal(const QString &text, const QList<int> &path, bool isClicked);
+    void react(const QList<int> &path);
+    void hostCalls(const QList<int> &path);
+    void expectRowPress(SecondItem *row);
+    QPair<int, int> findRow(const SecondItem *row) const;
+    void deleteChildePath(const QList<int> &path);
+    void deleteRoot(int r);
+    void recreateIfGone();
     // oracle
     QString check(bool full);
     void fail(const QString &what);
@@ -565,6 +579,16 @@ private:
     bool m_verbose;
     int m_opIndex = 0;
     bool m_inDrag = false;
+    bool m_mayReact = true; // off while a drag is being prepared or runs
+    int m_reactDepth = 0; // > 0 while the host reacts to a signal
+    bool m_controlGone = false; // the host deleted the control from a slot
+    QPointer<SecondItem> m_activeRow; // the row whose handler runs, if any
+    // A button's own signal, due after the row's item-clicked signal.
+    struct FollowUp
+    {
+        QPointer<SecondItem> row;
+        QString signal;
+    } m_followUp;
 
     QPointer<QWidget> m_host;
     QPointer<SignalTreeList> m_list;
@@ -577,6 +601,7 @@ private:
     QStringList m_log;      // what the host received
     QStringList m_expected; // what the oracle says it must receive
     QList<QPointer<DrawerControl>> m_retired; // removed drawers: must be gone after deferred deletion
+    QList<QPointer<SecondItem>> m_retiredRows; // rows removed under their own handler: likewise
 };
 
 void StressRun::createControl()
@@ -595,29 +620,28 @@ void StressRun::createControl()
     m_container = m_scroll ? m_scroll->widget() : nullptr;
 
     SignalTreeList *l = m_list;
-    QStringList *log = &m_log;
-    QObject::connect(l, &SignalTreeList::signal_OnCurrentItemClicked, l,
-                     [log](QList<int> p) { *log << QStringLiteral("Clicked(%1)").arg(pathText(p)); });
-    QObject::connect(l, &SignalTreeList::signal_OnEditBtnClicked, l,
-                     [log](QList<int> p) { *log << QStringLiteral("Edit(%1)").arg(pathText(p)); });
-    QObject::connect(l, &SignalTreeList::signal_OnDeleteBtnClicked, l,
-                     [log](QList<int> p) { *log << QStringLiteral("Delete(%1)").arg(pathText(p)); });
-    QObject::connect(l, &SignalTreeList::signal_OnCaptureBtnClicked, l,
-                     [log](QList<int> p) { *log << QStringLiteral("Capture(%1)").arg(pathText(p)); });
+    const auto path = [this](const char *name, bool isClicked) {
+        return [this, name, isClicked](QList<int> p) {
+            hostSignal(QStringLiteral("%1(%2)").arg(QLatin1String(name), pathText(p)), p, isClicked);
+        };
+    };
+    QObject::connect(l, &SignalTreeList::signal_OnCurrentItemClicked, l, path("Clicked", true));
+    QObject::connect(l, &SignalTreeList::signal_OnEditBtnClicked, l, path("Edit", false));
+    QObject::connect(l, &SignalTreeList::signal_OnDeleteBtnClicked, l, path("Delete", false));
+    QObject::connect(l, &SignalTreeList::signal_OnCaptureBtnClicked, l, path("Capture", false));
+    QObject::connect(l, &SignalTreeList::signal_OnDeleteItem, l, path("DeleteItem", false));
     QObject::connect(l, &SignalTreeList::signal_OnAddRootItem, l,
-                     [log](QString s) { *log << QStringLiteral("AddRoot(%1)").arg(s); });
-    QObject::connect(l, &SignalTreeList::signal_OnAddSecondItems, l, [log](QList<int> a, QList<int> b) {
-        *log << QStringLiteral("AddSecond(%1|%2)").arg(pathText(a), pathText(b));
+                     [this](QString s) { hostSignal(QStringLiteral("AddRoot(%1)").arg(s), {}, false); });
+    QObject::connect(l, &SignalTreeList::signal_OnAddSecondItems, l, [this](QList<int> a, QList<int> b) {
+        hostSignal(QStringLiteral("AddSecond(%1|%2)").arg(pathText(a), pathText(b)), b, false);
     });
-    QObject::connect(l, &SignalTreeList::signal_OnDeleteItem, l,
-                     [log](QList<int> p) { *log << QStringLiteral("DeleteItem(%1)").arg(pathText(p)); });
     QObject::connect(l, &SignalTreeList::signal_OnDeleteRootItem, l,
-                     [log](int r) { *log << QStringLiteral("DeleteRoot(%1)").arg(r); });
-    QObject::connect(l, &SignalTreeList::signal_OnDeleteSecondItem, l, [log](int r, int c) {
-        *log << QStringLiteral("DeleteSecond(%1,%2)").arg(r).arg(c);
+                     [this](int r) { hostSignal(QStringLiteral("DeleteRoot(%1)").arg(r), {r}, false); });
+    QObject::connect(l, &SignalTreeList::signal_OnDeleteSecondItem, l, [this](int r, int c) {
+        hostSignal(QStringLiteral("DeleteSecond(%1,%2)").arg(r).arg(c), {r, c}, false);
     });
     QObject::connect(l, &SignalTreeList::signal_OnGetNewRootName, l,
-                     [log] { *log << QStringLiteral("GetNewRootName"); });
+                     [this] { hostSignal(QStringLiteral("GetNewRootName"), {}, false); });
 
     m_host->show();
     if (!QTest::qWaitForWindowExposed(m_host, 5000))
@@ -831,30 +855,13 @@ void StressRun::apiOp(Op op)
     case OpDeleteRoot: {
         const int r = pickRoot(false);
         note(QStringLiteral("deleteRootItem(%1)").arg(r));
-        l->deleteRootItem(r);
-        if (r >= 0 && r < m.drawers.size())
-            m_retired << m.drawers.takeAt(r).widget;
+        deleteRoot(r);
         break;
     }
     case OpDeleteChilde: {
         const QList<int> path = randomPath(false);
         note(QStringLiteral("deleteChildeItem([%1])").arg(pathText(path)));
-        QPointer<SecondItem> removed;
-        l->deleteChildeItem(path);
-        if (path.size() == 1) {
-            const int r = path.at(0);
-            if (r >= 0 && r < m.drawers.size())
-                m_retired << m.drawers.takeAt(r).widget;
-        } else if (path.size() == 2) {
-            const int r = path.at(0), c = path.at(1);
-            if (r >= 0 && r < m.drawers.size() && c >= 0 && c < m.drawers.at(r).children.size()) {
-                removed = m.drawers[r].children.takeAt(c).widget;
-                // Child rows are deleted at once, not later.
-                if (removed)
-                    fail(QStringLiteral("deleteChildeItem([%1]): the row widget still exists")
-                             .arg(pathText(path)));
-            }
-        }
+        deleteChildePath(path);
         break;
     }
     case OpGetNode: {
@@ -910,7 +917,8 @@ void StressRun::apiOp(Op op)
     case OpSetCurSel: {
         const QList<int> path = randomPath(false);
         note(QStringLiteral("setCurSelItem([%1])").arg(pathText(path)));
-        l->setCurSelItem(path);
+        // The oracle moves first: a child selection is reported from inside
+        // the call, where the host may act on it.
         if (path.size() == 1) {
             const int r = path.at(0);
             for (int j = 0; j < m.drawers.size(); ++j) {
@@ -931,6 +939,7 @@ void StressRun::apiOp(Op op)
                 expect(QStringLiteral("Clicked(%1)").arg(pathText(d.selPath)));
             }
         }
+        l->setCurSelItem(path);
         break;
     }
     case OpSetIsDrag: {
@@ -997,6 +1006,155 @@ void StressRun::apiOp(Op op)
     }
 }
 
+void StressRun::deleteRoot(int r)
+{
+    m_list->deleteRootItem(r);
+    if (r >= 0 && r < m.drawers.size())
+        m_retired << m.drawers.takeAt(r).widget;
+}
+
+void StressRun::deleteChildePath(const QList<int> &path)
+{
+    m_list->deleteChildeItem(path);
+    if (path.size() == 1) {
+        const int r = path.at(0);
+        if (r >= 0 && r < m.drawers.size())
+            m_retired << m.drawers.takeAt(r).widget;
+    } else if (path.size() == 2) {
+        const int r = path.at(0), c = path.at(1);
+        if (r >= 0 && r < m.drawers.size() && c >= 0 && c < m.drawers.at(r).children.size()) {
+            QPointer<SecondItem> removed = m.drawers[r].children.takeAt(c).widget;
+            if (!removed)
+                return;
+            // Child rows are deleted at once, unless the host removes the
+            // row whose own handler is running: that one leaves the screen
+            // now and is freed when its handler has returned.
+            if (m_reactDepth > 0 && removed == m_activeRow) {
+                stats.reactOwnRow++;
+                if (!removed->isHidden() || removed->parentWidget())
+                    fail(QStringLiteral("deleteChildeItem([%1]) from the row's own signal: the row is still shown")
+                             .arg(pathText(path)));
+                m_retiredRows << removed;
+            } else {
+                fail(QStringLiteral("deleteChildeItem([%1]): the row widget still exists").arg(pathText(path)));
+            }
+        }
+    }
+}
+
+// ------------------------------------------ the host inside the list's signals
+
+QPair<int, int> StressRun::findRow(const SecondItem *row) const
+{
+    for (int i = 0; row && i < m.drawers.size(); ++i) {
+        const QList<MChild> &children = m.drawers.at(i).children;
+        for (int j = 0; j < children.size(); ++j) {
+            if (children.at(j).widget == row)
+                return qMakePair(i, j);
+        }
+    }
+    return qMakePair(-1, -1);
+}
+
+// A press on @p row selects it and reports it, if it is still in the list.
+void StressRun::expectRowPress(SecondItem *row)
+{
+    const QPair<int, int> at = findRow(row);
+    if (at.first < 0)
+        return;
+    MDrawer &d = m.drawers[at.first];
+    modelSelectChild(d, at.second);
+    expect(QStringLiteral("Clicked(%1)").arg(pathText(d.selPath)));
+}
+
+void StressRun::hostSignal(const QString &text, const QList<int> &path, bool isClicked)
+{
+    m_log << text;
+    // The host's own calls from a reaction may emit again: logged only.
+    if (m_reactDepth > 0)
+        return;
+    if (m_mayReact && !m_inDrag && m_rng.chance(40)) {
+        ++m_reactDepth;
+        react(path);
+        --m_reactDepth;
+    }
+    // A button click's second signal comes from the row after this one, with
+    // its drawer's selection of that moment, if the row is still listed.
+    if (isClicked && m_followUp.row) {
+        const QPair<int, int> at = findRow(m_followUp.row);
+        if (at.first >= 0)
+            expect(QStringLiteral("%1(%2)").arg(m_followUp.signal, pathText(m.drawers.at(at.first).selPath)));
+        m_followUp = FollowUp();
+    }
+}
+
+void StressRun::react(const QList<int> &path)
+{
+    const int k = m_rng.below(100);
+    if (k < 45) {
+        note(QStringLiteral("  host reacts to [%1]").arg(pathText(path)));
+        hostCalls(path);
+    } else if (k < 93) {
+        note(QStringLiteral("  host reacts to [%1] from a nested event loop").arg(pathText(path)));
+        stats.reactNested++;
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] {
+            hostCalls(path);
+            // One more turn: what was released is deleted inside this loop.
+            QTimer::singleShot(0, &loop, &QEventLoop::quit);
+        });
+        loop.exec();
+    } else {
+        const bool window = m_rng.chance(35);
+        note(QStringLiteral("  host deletes the %1 from its slot")
+                 .arg(window ? QStringLiteral("window") : QStringLiteral("SignalTreeList")));
+        stats.reactDestroy++;
+        for (const MDrawer &d : qAsConst(m.drawers))
+            m_retired << d.widget;
+        m.drawers.clear();
+        m_controlGone = true;
+        if (window)
+            delete m_host.data();
+        else
+            delete m_list.data();
+    }
+}
+
+// What a host does with the path it was given, then a few other calls.
+void StressRun::hostCalls(const QList<int> &path)
+{
+    stats.reactCalls++;
+    if (m_rng.chance(75)) {
+        switch (m_rng.below(4)) {
+        case 0:
+            note(QStringLiteral("  host: deleteChildeItem([%1])").arg(pathText(path)));
+            deleteChildePath(path);
+            break;
+        case 1:
+            note(QStringLiteral("  host: deleteRootItem(%1)").arg(path.value(0)));
+            deleteRoot(path.value(0));
+            break;
+        default:
+            apiOp(m_rng.chance(50) ? OpClearTree : OpUpdateTree);
+            break;
+        }
+    }
+    const int count = m_rng.range(0, 2);
+    for (int i = 0; i < count && failure.isEmpty(); ++i) {
+        const Op op = chooseOp(true);
+        apiOp(op == OpRecreate ? OpGetNode : op);
+    }
+}
+
+void StressRun::recreateIfGone()
+{
+    if (!m_controlGone)
+        return;
+    m_controlGone = false;
+    destroyControl();
+    createControl();
+}
+
 // ------------------------------------------------- events on the control
 
 void StressRun::uiOp(Op op)
@@ -1020,16 +1178,28 @@ void StressRun::uiOp(Op op)
                  .arg(at.second)
                  .arg(at.first)
                  .arg(d.stored));
-        if (twice)
-            doubleClickAt(row, row->rect().center());
-        else
-            clickAt(row, row->rect().center());
-        // Every press reports the row; a double click is delivered as a
-        // press and, for a widget that does not handle double clicks, a
-        // second press.
-        modelSelectChild(d, at.second);
-        for (int i = 0; i < (twice ? 3 : 1); ++i)
-            expect(QStringLiteral("Clicked(%1)").arg(pathText(d.selPath)));
+        // Every press reports the row while it is in the list; a double
+        // click is delivered as a press and, for a widget that does not
+        // handle double clicks, a second press. The host may remove the row
+        // or more from any of them.
+        QPointer<SecondItem> target = row;
+        const QPoint p = row->rect().center();
+        m_activeRow = row;
+        expectRowPress(row);
+        sendMouse(row, QEvent::MouseButtonPress, p, Qt::LeftButton, Qt::LeftButton);
+        if (target)
+            sendMouse(target, QEvent::MouseButtonRelease, p, Qt::LeftButton, Qt::NoButton);
+        if (twice) {
+            for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
+                if (!target)
+                    break;
+                expectRowPress(target);
+                sendMouse(target, type, p, Qt::LeftButton, Qt::LeftButton);
+            }
+            if (target)
+                sendMouse(target, QEvent::MouseButtonRelease, p, Qt::LeftButton, Qt::NoButton);
+        }
+        m_activeRow = nullptr;
         break;
     }
     case OpClickRoot:
@@ -1130,13 +1300,22 @@ void StressRun::uiOp(Op op)
             static const char *const names[] = {"capture", "edit", "delete", "fourth"};
             note(QStringLiteral("  click the %1 button").arg(QLatin1String(names[b])));
             QToolButton *button = rowButton(row, b);
-            clickAt(button, button->rect().center());
+            QPointer<SecondItem> target = row;
             if (b < 3) {
-                modelSelectChild(d, at.second);
-                expect(QStringLiteral("Clicked(%1)").arg(pathText(d.selPath)));
+                // The button's own signal follows the item-clicked one unless
+                // the host removed the row (or more) in between.
                 static const char *const signal[] = {"Capture", "Edit", "Delete"};
-                expect(QStringLiteral("%1(%2)").arg(QLatin1String(signal[b]), pathText(d.selPath)));
+                expectRowPress(row);
+                m_followUp = {row, QLatin1String(signal[b])};
             }
+            m_activeRow = row;
+            clickAt(button, button->rect().center());
+            m_activeRow = nullptr;
+            if (m_followUp.row)
+                fail(QStringLiteral("the button's click reported nothing"));
+            m_followUp = FollowUp();
+            if (!target || findRow(target).first < 0)
+                break; // removed by the host: nothing to leave
         }
         sendPlain(row, QEvent::Leave);
         for (int b = 0; b < 4; ++b) {
@@ -1174,11 +1353,17 @@ void StressRun::uiOp(Op op)
             QToolButton *button = clickable.at(m_rng.below(clickable.size()));
             note(QStringLiteral("  click the root's %1 button")
                      .arg(button == edit ? QStringLiteral("edit") : QStringLiteral("delete")));
-            clickAt(button, button->rect().center());
             // The root's buttons report the drawer's current selection.
             expect(QStringLiteral("%1(%2)")
                        .arg(button == edit ? QStringLiteral("Edit") : QStringLiteral("Delete"),
                             pathText(d.selPath)));
+            QPointer<DrawerControl> drawer = d.widget;
+            clickAt(button, button->rect().center());
+            bool stillListed = false;
+            for (const MDrawer &x : qAsConst(m.drawers))
+                stillListed = stillListed || (drawer && x.widget == drawer);
+            if (!stillListed)
+                break; // released by the host: nothing to leave
         }
         sendPlain(root, QEvent::Leave);
         if (edit->isVisibleTo(root) || del->isVisibleTo(root))
@@ -1197,6 +1382,13 @@ void StressRun::uiOp(Op op)
 
 void StressRun::opDrag()
 {
+    // The drag's own scenarios play the host here.
+    m_mayReact = false;
+    struct Restore
+    {
+        bool &flag;
+        ~Restore() { flag = true; }
+    } restore{m_mayReact};
     const QList<QPair<int, int>> rows = visibleRows();
     if (rows.isEmpty()) {
         // Get a drawer ready: show some children.
@@ -1719,6 +1911,11 @@ QString StressRun::check(bool full)
                 return QStringLiteral("a removed drawer still exists after deferred deletion");
             m_retired.removeAt(i);
         }
+        for (int i = m_retiredRows.size() - 1; i >= 0; --i) {
+            if (m_retiredRows.at(i))
+                return QStringLiteral("a row removed under its own handler still exists after it returned");
+            m_retiredRows.removeAt(i);
+        }
     }
 
     if (m_frame->pendingRootName() != m.rootName)
@@ -1759,6 +1956,7 @@ bool StressRun::run()
         }
         const Op op = chooseOp(false);
         runOp(op);
+        recreateIfGone();
         opsRun = m_opIndex + 1;
         if (!failure.isEmpty())
             break;
@@ -1856,12 +2054,13 @@ void TestStress::randomOperations()
     for (int i = 0; i < OpCount; ++i)
         perOp << QStringLiteral("%1 %2").arg(QLatin1String(kOpNames[i])).arg(run.stats.ops[i]);
     qInfo("stress: seed %llu: %d of %d operations in %.1f s%s; drags started %d, drops %d, in-drag "
-          "root deletions %d, row deletions %d, clears %d, destructions %d, host calls %d; host signals "
-          "checked %d; largest "
+          "root deletions %d, row deletions %d, clears %d, destructions %d, host calls %d; host reactions "
+          "%d (nested %d, destroying %d, removing the emitting row %d); host signals checked %d; largest "
           "tree %d drawers, %d child rows",
           static_cast<unsigned long long>(seed), run.opsRun, ops, run.elapsedMs / 1000.0,
           run.timedOut ? " (stopped by the time budget)" : "", run.stats.dragsStarted, run.stats.drops,
           run.stats.dragDeleteRoot, run.stats.dragDeleteRow, run.stats.dragClear, run.stats.dragDestroy, run.stats.dragHostOps,
+          run.stats.reactCalls, run.stats.reactNested, run.stats.reactDestroy, run.stats.reactOwnRow,
           run.stats.signalsChecked, run.stats.maxDrawers, run.stats.maxRows);
     qInfo("stress: operations: %s", qPrintable(perOp.join(QStringLiteral(", "))));
 
