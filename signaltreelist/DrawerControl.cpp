@@ -1,6 +1,7 @@
 #include "DrawerControl.h"
 
 #include "HandlerGuard.h"
+#include "QtCompat.h"
 #include "LayoutInstall.h"
 #include "NodeInfoTrace.h"
 #include "RootItem.h"
@@ -59,7 +60,7 @@ void DrawerControl::initRootItem(int itemType, int rootIndex)
     m_iRootIndex = rootIndex;
 
     m_pMainLayout = installLayout(this, new QVBoxLayout());
-    m_pMainLayout->setMargin(0);
+    QtCompat::setMargin(m_pMainLayout, 0);
     m_pMainLayout->setSpacing(0);
     m_pMainLayout->setContentsMargins(10, 0, 10, 0);
 
@@ -71,7 +72,7 @@ void DrawerControl::initRootItem(int itemType, int rootIndex)
     m_pContainer->setAcceptDrops(true);
 
     m_pChildLayout = installLayout(m_pContainer, new QVBoxLayout());
-    m_pChildLayout->setMargin(0);
+    QtCompat::setMargin(m_pChildLayout, 0);
     m_pChildLayout->setSpacing(8);
     m_pChildLayout->setContentsMargins(24, 0, 0, 0);
 

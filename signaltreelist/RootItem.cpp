@@ -282,7 +282,7 @@ void RootItem::mouseDoubleClickEvent(QMouseEvent *event)
     setExpand(!(m_pExpandBox && m_pExpandBox->isChecked()));
 }
 
-void RootItem::enterEvent(QEvent *event)
+void RootItem::enterEvent(QtCompat::EnterEvent *event)
 {
     Q_UNUSED(event)
     if (m_pEditBtn)

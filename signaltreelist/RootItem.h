@@ -1,6 +1,7 @@
 #ifndef SIGNALTREELIST_ROOTITEM_H
 #define SIGNALTREELIST_ROOTITEM_H
 
+#include "QtCompat.h"
 #include "RepolishGuard.h"
 #include "st_NodeInfoSignal.h"
 
@@ -78,7 +79,7 @@ public slots:
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(QtCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

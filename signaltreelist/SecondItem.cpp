@@ -379,7 +379,7 @@ void SecondItem::mousePressEvent(QMouseEvent *event)
     emit signal_OnItemClicked();
 }
 
-void SecondItem::enterEvent(QEvent *event)
+void SecondItem::enterEvent(QtCompat::EnterEvent *event)
 {
     Q_UNUSED(event)
     setProperty("isTarn", true);

@@ -1,6 +1,7 @@
 #ifndef SIGNALTREELIST_SECONDITEM_H
 #define SIGNALTREELIST_SECONDITEM_H
 
+#include "QtCompat.h"
 #include "RepolishGuard.h"
 #include "st_NodeInfoSignal.h"
 
@@ -68,7 +69,7 @@ private slots:
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(QtCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 

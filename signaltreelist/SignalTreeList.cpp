@@ -1,6 +1,7 @@
 #include "SignalTreeList.h"
 
 #include "HandlerGuard.h"
+#include "QtCompat.h"
 #include "SignalTreeList_p.h"
 #include "StyleConstants.h"
 #include "TreeListFrame.h"
@@ -34,7 +35,7 @@ void SignalTreeList::initControls()
     // The layout and the frame go on the host's parent widget, not on this
     // widget: hosts lay the list out through that parent.
     QHBoxLayout *pLayout = new QHBoxLayout(m_pData->pParentWidget);
-    pLayout->setMargin(0);
+    QtCompat::setMargin(pLayout, 0);
     pLayout->setSpacing(0);
     pLayout->setContentsMargins(0, 0, 0, 0);
     // Nothing owns the layout without a parent widget, nor when the parent

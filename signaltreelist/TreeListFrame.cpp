@@ -2,6 +2,7 @@
 
 #include "DrawerControl.h"
 #include "HandlerGuard.h"
+#include "QtCompat.h"
 #include "StyleConstants.h"
 
 #include <ScrollBarEx.h>
@@ -36,7 +37,7 @@ TreeListFrame::~TreeListFrame()
 void TreeListFrame::initControls()
 {
     m_pMainLayout = new QHBoxLayout(this);
-    m_pMainLayout->setMargin(0);
+    QtCompat::setMargin(m_pMainLayout, 0);
     m_pMainLayout->setSpacing(16);
     m_pMainLayout->setContentsMargins(0, 0, 0, 0);
 
@@ -44,7 +45,7 @@ void TreeListFrame::initControls()
     m_pDrawerContainer->setObjectName(QStringLiteral("DrawerContainer"));
 
     m_pContainerLayout = new QVBoxLayout(m_pDrawerContainer);
-    m_pContainerLayout->setMargin(0);
+    QtCompat::setMargin(m_pContainerLayout, 0);
     m_pContainerLayout->setSpacing(16);
     m_pContainerLayout->setContentsMargins(0, 0, 0, 0);
 

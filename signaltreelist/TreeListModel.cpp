@@ -84,7 +84,8 @@ void TreeListModel::modifyRootItem(int index, st_NodeInfoSignal node)
     // Root 0 is deliberately out of reach.
     if (index < 1)
         return;
-    if (m_lstRootNode.count() < index + 1)
+    // Not "count < index + 1": index + 1 overflows for INT_MAX.
+    if (index >= m_lstRootNode.count())
         return;
     m_lstRootNode[index] = node;
 }

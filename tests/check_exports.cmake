@@ -21,7 +21,9 @@ foreach(line IN LISTS lines)
     # code, not ours.
     # The sanitizer build (UBSan's vptr check) adds weak copies of Qt's type
     # names ("typeinfo name for QObjectData") for the same reason.
-    if(type MATCHES "^[WV]$" AND name MATCHES "^(typeinfo for |typeinfo name for |vtable for |)Q[A-Za-z0-9_]*(<.*>)?(::|$)"
+    # Qt 6's meta-type templates for QList<int> add unique ("u") statics
+    # and their guard variables, Qt's as well.
+    if(type MATCHES "^[WVu]$" AND name MATCHES "^(typeinfo for |typeinfo name for |vtable for |guard variable for |)Q[A-Za-z0-9_]*(<.*>)?(::|$)"
        AND NOT name MATCHES "st_NodeInfoSignal|SignalTreeList")
         continue()
     endif()

@@ -1,4 +1,5 @@
 #include "CLanguageTranslateFrame.h"
+#include "EventSender.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -50,6 +51,8 @@ class tst_CLanguageTranslateFrame : public QObject
     Q_OBJECT
 
 private slots:
+    // Hover comes only from the events the tests send.
+    void initTestCase() { EventSender::parkPointer(); }
     void isAFrame();
     void noTranslationCallWithoutLanguageChange();
     void languageChangeEventCallsReTranslateOnce();

@@ -248,6 +248,7 @@ private:
 
 void tst_DarkStyleSheet::initTestCase()
 {
+    EventSender::parkPointer();
     QFile file(QStringLiteral(DARK_STYLE_SHEET));
     QVERIFY2(file.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(file.fileName()));
     m_sheet = QString::fromUtf8(file.readAll());

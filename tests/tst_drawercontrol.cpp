@@ -11,6 +11,7 @@
 
 #include "DragDriver.h"
 #include "DrawerControl.h"
+#include "EventSender.h"
 #include "MessageCapture.h"
 #include "NodeFactory.h"
 #include "RootItem.h"
@@ -527,6 +528,7 @@ private slots:
 
 void TestDrawerControl::initTestCase()
 {
+    EventSender::parkPointer();
     qRegisterMetaType<QList<int>>();
 }
 

@@ -133,6 +133,8 @@ private:
     }
 
 private slots:
+    // Hover comes only from the events the tests send.
+    void initTestCase() { EventSender::parkPointer(); }
     void constructionDefaults();
     void callsBeforeInitItemDoNotCrash();
     void initItemBuildsChildren();

@@ -1,3 +1,4 @@
+#include "EventSender.h"
 #include "ScrollBarEx.h"
 
 #include <QFile>
@@ -65,6 +66,8 @@ class tst_ScrollBarEx : public QObject
     Q_OBJECT
 
 private slots:
+    // Hover comes only from the events the tests send.
+    void initTestCase() { EventSender::parkPointer(); }
     void lookOutlivesTemporary_data();
     void lookOutlivesTemporary();
     void trackAndHandleColours_data();

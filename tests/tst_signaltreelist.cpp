@@ -417,6 +417,7 @@ private slots:
 
 void tst_SignalTreeList::initTestCase()
 {
+    EventSender::parkPointer();
     qRegisterMetaType<QList<int>>();
 }
 

@@ -35,6 +35,7 @@
 // prefixes with the same seed on a fresh control.
 
 #include "DrawerControl.h"
+#include "EventSender.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
@@ -2015,6 +2016,7 @@ private:
 
 void TestStress::initTestCase()
 {
+    EventSender::parkPointer();
     if (QGuiApplication::platformName() != QLatin1String("minimal"))
         QSKIP("needs the minimal platform, whose in-process drag runs QDrag::exec");
     g_previousHandler = qInstallMessageHandler(quietHandler);

@@ -5,6 +5,7 @@
 // getSignalTreeListFrame() only to look at its layout and stored state.
 
 #include "DrawerControl.h"
+#include "EventSender.h"
 #include "HostRecorder.h"
 #include "MessageCapture.h"
 #include "NodeFactory.h"
@@ -299,6 +300,7 @@ private slots:
 
 void tst_TreeListFrame::initTestCase()
 {
+    EventSender::parkPointer();
     qRegisterMetaType<QList<int>>();
 }
 

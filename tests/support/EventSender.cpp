@@ -1,6 +1,7 @@
 #include "EventSender.h"
 
 #include <QCoreApplication>
+#include <QCursor>
 #include <QEvent>
 #include <QWidget>
 
@@ -16,6 +17,11 @@ void sendLeave(QWidget *widget)
 {
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(widget, &leave);
+}
+
+void parkPointer()
+{
+    QCursor::setPos(QPoint(30000, 30000));
 }
 
 } // namespace EventSender

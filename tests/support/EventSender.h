@@ -9,4 +9,9 @@ namespace EventSender {
 void sendEnter(QWidget *widget);
 void sendLeave(QWidget *widget);
 
+// Moves the platform's pointer far from every window. Qt 6's offscreen
+// platform starts it at (10, 10) and sends a real enter event to the window
+// shown beneath it; the tests send their hover events themselves.
+void parkPointer();
+
 } // namespace EventSender
