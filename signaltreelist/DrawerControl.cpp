@@ -540,18 +540,35 @@ void DrawerControl::startDrag()
     m_pDrag = new QDrag(this);
     m_pDrag->setMimeData(pMimeData);
 
-    QPixmap pixmap(g_qsDragTipImage);
-    QPainter painter(&pixmap);
-    QFont font(QStringLiteral("Arial"), 9, 50, false);
-    painter.setFont(font);
-    painter.setPen(QPen(QBrush(Qt::white, Qt::SolidPattern), 1.0, Qt::SolidLine, Qt::SquareCap,
-                        Qt::BevelJoin));
-    painter.drawText(QRectF(25.0, 7.0, 100.0, 18.0), strCaption, QTextOption());
-    painter.end();
-    m_pDrag->setPixmap(pixmap);
+    m_pDrag->setPixmap(dragPicture(strCaption, devicePixelRatioF()));
 
     connect(m_pDrag, &QObject::destroyed, this, &DrawerControl::slot_releaseDrag);
     m_pDrag->exec(Qt::MoveAction);
+}
+
+QPixmap DrawerControl::dragPicture(const QString &caption, qreal ratio)
+{
+    QPixmap pixmap(g_qsDragTipImage);
+    if (ratio > 1.0) {
+        // Painted at the screen's ratio: the caption is sharp and the
+        // picture keeps its size on screen. At 1 nothing changes.
+        const QPixmap picture = pixmap;
+        pixmap = QPixmap(picture.size() * ratio);
+        pixmap.setDevicePixelRatio(ratio);
+        pixmap.fill(Qt::transparent);
+        QPainter scaler(&pixmap);
+        scaler.setRenderHint(QPainter::SmoothPixmapTransform);
+        scaler.drawPixmap(QRectF(QPointF(0, 0), QSizeF(picture.size())), picture, QRectF(picture.rect()));
+    }
+    QPainter painter(&pixmap);
+    // Weight 50 on Qt 5's scale: QFont::Normal on both flavours.
+    QFont font(QStringLiteral("Arial"), 9, QFont::Normal, false);
+    painter.setFont(font);
+    painter.setPen(QPen(QBrush(Qt::white, Qt::SolidPattern), 1.0, Qt::SolidLine, Qt::SquareCap,
+                        Qt::BevelJoin));
+    painter.drawText(QRectF(25.0, 7.0, 100.0, 18.0), caption, QTextOption());
+    painter.end();
+    return pixmap;
 }
 
 void DrawerControl::slot_releaseDrag()

@@ -9,6 +9,7 @@
 #include <QPoint>
 
 class QDrag;
+class QPixmap;
 class QFrame;
 class QVBoxLayout;
 class RootItem;
@@ -129,6 +130,8 @@ private:
     /// Emits @p signal with a copy of the selection path.
     void reportSelection(void (DrawerControl::*signal)(QList<int>));
     bool acceptsDragFrom(QObject *source) const;
+    /// The drag picture with @p caption painted on it, for a screen of @p ratio.
+    static QPixmap dragPicture(const QString &caption, qreal ratio);
 
     RootItem *m_pRootItem;
     QList<SecondItem *> m_lstSecondItem;

@@ -5,6 +5,7 @@
 #include "StyleConstants.h"
 
 #include <QDebug>
+#include <QFile>
 #include <QFont>
 #include <QFontMetrics>
 #include <QFrame>
@@ -62,6 +63,41 @@ QString signalIconPath(int type, bool online)
     default:
         return online ? g_qsUnknownNormalImage : g_qsUnknownDisableImage;
     }
+}
+
+// The double-size variant of a one-times picture, as the bundle names it:
+// "X_2x.png" for most families, "X2x.png" for dvimosic and unknown,
+// "X@2x.png" for OPT. Empty when there is none.
+QString doubleSizePath(const QString &path)
+{
+    const QString base = path.left(path.size() - int(qstrlen(".png")));
+    for (const char *suffix : {"_2x.png", "2x.png", "@2x.png"}) {
+        const QString candidate = base + QLatin1String(suffix);
+        if (QFile::exists(candidate))
+            return candidate;
+    }
+    return QString();
+}
+
+// The picture at @p path for a screen of @p ratio: above 1 the double-size
+// variant at ratio 2, which keeps the one-times picture's size on screen;
+// otherwise the one-times picture itself.
+QPixmap signalPicture(const QString &path, qreal ratio)
+{
+    QPixmap picture;
+    if (ratio > 1.0) {
+        const QString sharp = doubleSizePath(path);
+        if (!sharp.isEmpty() && picture.load(sharp))
+            picture.setDevicePixelRatio(2.0);
+    }
+    if (picture.isNull())
+        picture.load(path);
+    const qreal dpr = picture.devicePixelRatio();
+    if (picture.width() > kIconWidth * dpr || picture.height() > kIconHeight * dpr) {
+        picture = picture.scaled(QSize(kIconWidth, kIconHeight) * dpr, Qt::KeepAspectRatio, Qt::FastTransformation);
+        picture.setDevicePixelRatio(dpr);
+    }
+    return picture;
 }
 
 // Shortens @p full by whole characters until it plus "..." fits @p limit.
@@ -282,10 +318,16 @@ void SecondItem::setSignalIcon(int type, bool online)
 {
     if (!m_qlIcon)
         return;
-    QPixmap picture(signalIconPath(type, online));
-    if (picture.width() > kIconWidth || picture.height() > kIconHeight)
-        picture = picture.scaled(kIconWidth, kIconHeight, Qt::KeepAspectRatio, Qt::FastTransformation);
-    m_qlIcon->setPixmap(picture);
+    m_strIconPath = signalIconPath(type, online);
+    m_qlIcon->setPixmap(signalPicture(m_strIconPath, devicePixelRatioF()));
+}
+
+void SecondItem::screenChangedEvent(QScreen *screen)
+{
+    // Another screen may have another pixel ratio: pick the picture again.
+    Q_UNUSED(screen)
+    if (m_qlIcon && !m_strIconPath.isEmpty())
+        m_qlIcon->setPixmap(signalPicture(m_strIconPath, devicePixelRatioF()));
 }
 
 void SecondItem::setOpBtnShow(QList<bool> lstShow)

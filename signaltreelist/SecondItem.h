@@ -72,6 +72,7 @@ protected:
     void enterEvent(QtCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void screenChangedEvent(QScreen *screen) override;
 
 private:
     struct TextWidthMemo;
@@ -102,6 +103,8 @@ private:
     int m_iTextWidthBudget;
     QString m_strUpperText;
     QString m_strDownText;
+    // The one-times picture shown; the screen's pixel ratio picks its variant.
+    QString m_strIconPath;
     // Every look change re-polishes the item and its upper line; these skip
     // the re-polishes that could not change anything.
     RepolishGuard m_guardSelf;

@@ -367,6 +367,7 @@ struct DragOutcome
     QObject *dragParent = nullptr;
     QString text;
     QImage image;
+    qreal ratio = 0; // the drag picture's device pixel ratio
     QPoint hotSpot;
     Qt::DropActions actions;
 };
@@ -388,6 +389,7 @@ DragOutcome dragGesture(DrawerControl *source, const QPoint &pressPos, const QPo
             out.dragParent = out.drag->parent();
             out.text = out.drag->mimeData() ? out.drag->mimeData()->text() : QString();
             out.image = out.drag->pixmap().toImage();
+            out.ratio = out.drag->pixmap().devicePixelRatio();
             out.hotSpot = out.drag->hotSpot();
             out.actions = out.drag->supportedActions();
         }
@@ -424,12 +426,24 @@ Qt::DropAction execReleasedAt(QDrag *drag, QWindow *window, const QPoint &global
     return drag->exec(Qt::MoveAction);
 }
 
-// The drag picture as the drawer is to paint it, built here independently.
-QImage expectedDragImage(const QString &caption)
+// The drag picture as the drawer is to paint it, built here independently:
+// at a screen ratio above 1 the picture is drawn scaled into a pixmap of that
+// ratio and the caption painted over it.
+QImage expectedDragImage(const QString &caption, qreal ratio = 1.0)
 {
     QPixmap picture(QStringLiteral(":/rootitem/resource/rootitem/rootitem_drag_tip_new.png"));
+    if (ratio > 1.0) {
+        QPixmap sharp(picture.size() * ratio);
+        sharp.setDevicePixelRatio(ratio);
+        sharp.fill(Qt::transparent);
+        QPainter scaler(&sharp);
+        scaler.setRenderHint(QPainter::SmoothPixmapTransform);
+        scaler.drawPixmap(QRectF(0, 0, picture.width(), picture.height()), picture, QRectF(picture.rect()));
+        scaler.end();
+        picture = sharp;
+    }
     QPainter painter(&picture);
-    painter.setFont(QFont(QStringLiteral("Arial"), 9, 50, false));
+    painter.setFont(QFont(QStringLiteral("Arial"), 9, QFont::Normal, false)); // weight 50 on Qt 5
     painter.setPen(QPen(QBrush(Qt::white, Qt::SolidPattern), 1.0, Qt::SolidLine, Qt::SquareCap,
                         Qt::BevelJoin));
     painter.drawText(QRectF(25.0, 7.0, 100.0, 18.0), caption, QTextOption());
@@ -1912,7 +1926,7 @@ void TestDrawerControl::dragTextCarriesCurrentChildIndex()
     QVERIFY(out.started);
     QCOMPARE(out.text, QStringLiteral("3,3"));
     // The caption still comes from the selected record (row 0: "Src0").
-    QVERIFY(out.image == expectedDragImage(QStringLiteral("Src0")));
+    QVERIFY(out.image == expectedDragImage(QStringLiteral("Src0"), src->devicePixelRatioF()));
     QTRY_VERIFY_WITH_TIMEOUT(out.drag.isNull(), 10000);
 }
 
@@ -1949,14 +1963,17 @@ void TestDrawerControl::dragCaption()
     QVERIFY(out.started);
     QVERIFY(!out.image.isNull());
 
-    const QImage expected = expectedDragImage(caption);
+    // Painted at the screen's ratio (QT_SCALE_FACTOR=2 runs this too).
+    const qreal ratio = src->devicePixelRatioF();
+    QCOMPARE(out.ratio, ratio);
+    const QImage expected = expectedDragImage(caption, ratio);
     QCOMPARE(out.image.size(), expected.size());
     QVERIFY2(out.image == expected, "the drag picture differs from the expected caption");
     // The comparison can tell captions apart: the blank picture and, when
     // the name is cut, the whole name look different.
-    QVERIFY(out.image != expectedDragImage(QString()));
+    QVERIFY(out.image != expectedDragImage(QString(), ratio));
     if (caption != name)
-        QVERIFY(out.image != expectedDragImage(name));
+        QVERIFY(out.image != expectedDragImage(name, ratio));
     QTRY_VERIFY_WITH_TIMEOUT(out.drag.isNull(), 10000);
 }
 

@@ -6,14 +6,17 @@
 #include <QBoxLayout>
 #include <QFontMetrics>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
 #include <QLayoutItem>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QSpacerItem>
 #include <QToolButton>
+#include <QWindow>
 #include <QtTest>
 
 #include <climits>
@@ -119,6 +122,34 @@ QString picturePath(const QString &name, bool online)
         + (online ? QStringLiteral("_normal.png") : QStringLiteral("_disable.png"));
 }
 
+// The double-size variant's name as the bundle spells it.
+QString doubleSizePicturePath(const QString &name, bool online)
+{
+    const QString suffix = name == QLatin1String("OPT") ? QStringLiteral("@2x")
+        : (name == QLatin1String("dvimosic") || name == QLatin1String("unknown")) ? QStringLiteral("2x")
+                                                                                  : QStringLiteral("_2x");
+    return QStringLiteral(":/signaltype/resource/signaltype/") + name
+        + (online ? QStringLiteral("_normal") : QStringLiteral("_disable")) + suffix + QStringLiteral(".png");
+}
+
+// The pixel ratio of the screen an unparented row is on.
+qreal screenRatio()
+{
+    return QGuiApplication::primaryScreen()->devicePixelRatio();
+}
+
+// What a row is to show for @p name: the one-times picture at ratio 1, the
+// double-size one at ratio 2 on a screen above 1 (QT_SCALE_FACTOR=2 runs
+// these tests too).
+QImage expectedPicture(const QString &name, bool online, qreal ratio = screenRatio())
+{
+    if (ratio <= 1.0)
+        return QImage(picturePath(name, online));
+    QImage sharp(doubleSizePicturePath(name, online));
+    sharp.setDevicePixelRatio(2.0);
+    return sharp;
+}
+
 QImage comparable(const QImage &img)
 {
     return img.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -185,6 +216,7 @@ private slots:
     void onlineToggleSwitchesPicture_data();
     void onlineToggleSwitchesPicture();
     void picturesAreDistinct();
+    void pictureFollowsTheScreenRatio();
     void buttonPlacementOnHover_data();
     void buttonPlacementOnHover();
     void opBtnShowOneElementKeepsOthers();
@@ -613,9 +645,11 @@ void tst_SecondItem::typePictures()
     QFETCH(int, type);
     QFETCH(bool, online);
 
-    const QImage expected(picturePath(pictureName(type), online));
-    QVERIFY2(!expected.isNull(), qPrintable(picturePath(pictureName(type), online)));
-    QVERIFY(expected.width() <= 33 && expected.height() <= 20);
+    const QImage oneTimes(picturePath(pictureName(type), online));
+    QVERIFY2(!oneTimes.isNull(), qPrintable(picturePath(pictureName(type), online)));
+    QVERIFY(oneTimes.width() <= 33 && oneTimes.height() <= 20);
+    const QImage expected = expectedPicture(pictureName(type), online);
+    QVERIFY(!expected.isNull());
 
     SecondItem item(nullptr);
     item.initItem(0, 0);
@@ -626,7 +660,12 @@ void tst_SecondItem::typePictures()
     node.iType = type;
     node.isOnline = online;
     item.setNodeInfo(node);
-    QCOMPARE(p.icon->pixmap(Qt::ReturnByValue).size(), expected.size());
+    const QPixmap shown = p.icon->pixmap(Qt::ReturnByValue);
+    QCOMPARE(shown.size(), expected.size());
+    QCOMPARE(shown.devicePixelRatio(), screenRatio() > 1.0 ? 2.0 : 1.0);
+    // On screen it keeps the one-times size, in its 33x20 label.
+    QCOMPARE(shown.size() / shown.devicePixelRatio(), oneTimes.size());
+    QCOMPARE(p.icon->size(), QSize(33, 20));
     QCOMPARE(shownPicture(p.icon), comparable(expected));
 
     // Directly, after some other picture.
@@ -654,8 +693,7 @@ void tst_SecondItem::unknownFamily()
     item.initItem(0, 0);
     const SecondParts p = partsOf(&item);
     for (bool online : {true, false}) {
-        const QImage unknown(online ? QStringLiteral(":/signaltype/resource/signaltype/unknown_normal.png")
-                                    : QStringLiteral(":/signaltype/resource/signaltype/unknown_disable.png"));
+        const QImage unknown = expectedPicture(QStringLiteral("unknown"), online);
         QVERIFY(!unknown.isNull());
         item.setSignalIcon(type, online);
         QCOMPARE(shownPicture(p.icon), comparable(unknown));
@@ -679,9 +717,8 @@ void tst_SecondItem::onlineToggleSwitchesPicture()
     SecondItem item(nullptr);
     item.initItem(0, 0);
     const SecondParts p = partsOf(&item);
-    const QImage normal(QStringLiteral(":/signaltype/resource/signaltype/") + name + QStringLiteral("_normal.png"));
-    const QImage disable(QStringLiteral(":/signaltype/resource/signaltype/") + name
-                         + QStringLiteral("_disable.png"));
+    const QImage normal = expectedPicture(name, true);
+    const QImage disable = expectedPicture(name, false);
     QVERIFY(!normal.isNull() && !disable.isNull());
 
     st_NodeInfoSignal node;
@@ -716,6 +753,43 @@ void tst_SecondItem::picturesAreDistinct()
             all << img;
         }
     }
+}
+
+// A row whose window moves to a screen with another pixel ratio picks its
+// picture again. Needs two screens of ratios 1 and 2: Qt 6's offscreen
+// platform with tests/two-screens.json (the "seconditem_screens" test).
+void tst_SecondItem::pictureFollowsTheScreenRatio()
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    if (screens.size() < 2 || screens.at(0)->devicePixelRatio() != 1.0 || screens.at(1)->devicePixelRatio() != 2.0)
+        QSKIP("needs a screen at ratio 1 and one at ratio 2");
+
+    QWidget window;
+    window.resize(320, 60);
+    window.move(screens.at(0)->geometry().topLeft() + QPoint(20, 20));
+    SecondItem *item = new SecondItem(&window);
+    item->initItem(0, 0);
+    item->setGeometry(0, 0, 320, 40);
+    st_NodeInfoSignal node;
+    node.strNodeName << QStringLiteral("sig");
+    node.iType = 17; // OPT
+    node.isOnline = true;
+    item->setNodeInfo(node);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const SecondParts p = partsOf(item);
+    QCOMPARE(shownPicture(p.icon), comparable(expectedPicture(QStringLiteral("OPT"), true, 1.0)));
+
+    window.windowHandle()->setScreen(screens.at(1));
+    window.move(screens.at(1)->geometry().topLeft() + QPoint(20, 20));
+    QTRY_COMPARE(item->devicePixelRatioF(), 2.0);
+    QCOMPARE(shownPicture(p.icon), comparable(expectedPicture(QStringLiteral("OPT"), true, 2.0)));
+    QCOMPARE(p.icon->pixmap(Qt::ReturnByValue).devicePixelRatio(), 2.0);
+
+    window.windowHandle()->setScreen(screens.at(0));
+    window.move(screens.at(0)->geometry().topLeft() + QPoint(20, 20));
+    QTRY_COMPARE(item->devicePixelRatioF(), 1.0);
+    QCOMPARE(shownPicture(p.icon), comparable(expectedPicture(QStringLiteral("OPT"), true, 1.0)));
 }
 
 void tst_SecondItem::buttonPlacementOnHover_data()
