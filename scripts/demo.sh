@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Sets up a fresh Debian 12 machine, builds everything and runs the demo host.
 #
-#   scripts/demo.sh [DEMO ARGS...]     extra arguments go to the demo
+#   scripts/demo.sh [--qt6] [DEMO ARGS...]
+#                                      extra arguments go to the demo; --qt6
+#                                      builds and runs it on Qt 6 (build-qt6/)
 #
 # With a display ($DISPLAY or $WAYLAND_DISPLAY) the demo window opens. Without
 # one, the demo renders a screenshot to build/demo.png headless (or does what
@@ -10,9 +12,14 @@
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
-ensure_build_packages
-build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build}
-configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_EXAMPLES=ON
+qt=5
+if [ "${1:-}" = --qt6 ]; then
+    qt=6
+    shift
+fi
+ensure_build_packages "$qt"
+build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build$(flavour_suffix "$qt")}
+configure_and_build "$build_dir" -DQT_MAJOR_VERSION="$qt" -DSIGNALTREELIST_BUILD_EXAMPLES=ON
 demo="$build_dir/examples/demohost/signaltreelist_demo"
 
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then

@@ -22,10 +22,19 @@ ensure_packages() {
     DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
-# The tool chain, Qt 5 and a font for headless rendering.
+# ensure_build_packages [5|6]: the tool chain, Qt 5 (default) or Qt 6, and a
+# font for headless rendering.
 ensure_build_packages() {
-    ensure_packages cmake ninja-build g++ pkg-config binutils \
-        qtbase5-dev qtbase5-dev-tools fonts-dejavu-core
+    local qt=(qtbase5-dev qtbase5-dev-tools)
+    if [ "${1:-5}" = 6 ]; then
+        qt=(qt6-base-dev qt6-base-dev-tools)
+    fi
+    ensure_packages cmake ninja-build g++ pkg-config binutils "${qt[@]}" fonts-dejavu-core
+}
+
+# flavour_suffix 5|6: "" or "-qt6", for build directories.
+flavour_suffix() {
+    [ "$1" = 6 ] && echo "-qt6" || true
 }
 
 # configure_and_build BUILD_DIR [CMAKE_ARGS...]

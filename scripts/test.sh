@@ -6,6 +6,9 @@
 #   scripts/test.sh --sanitize   the same under AddressSanitizer (with
 #                                LeakSanitizer) and UndefinedBehaviorSanitizer,
 #                                in build-sanitize/
+#   scripts/test.sh --qt6 [--sanitize]
+#                                the same on Qt 6 (installs qt6-base-dev when
+#                                missing), in build-qt6/ or build-qt6-sanitize/
 #   scripts/test.sh [--sanitize] -- CTEST_ARGS...
 #                                pass arguments to ctest, e.g. -R stress
 #
@@ -14,24 +17,27 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 sanitize=0
+qt=5
 ctest_args=()
 while [ $# -gt 0 ]; do
     case "$1" in
     --sanitize) sanitize=1 ;;
+    --qt6) qt=6 ;;
     --) shift; ctest_args=("$@"); break ;;
-    -h|--help) sed -n '2,12p' "${BASH_SOURCE[0]}"; exit 0 ;;
+    -h|--help) sed -n '2,15p' "${BASH_SOURCE[0]}"; exit 0 ;;
     *) echo "unknown argument: $1 (see --help)" >&2; exit 2 ;;
     esac
     shift
 done
 
-ensure_build_packages
+ensure_build_packages "$qt"
+suffix=$(flavour_suffix "$qt")
 if [ "$sanitize" -eq 1 ]; then
-    build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build-sanitize}
-    configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_TESTS=ON -DSIGNALTREELIST_SANITIZE=ON
+    build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build$suffix-sanitize}
+    configure_and_build "$build_dir" -DQT_MAJOR_VERSION="$qt" -DSIGNALTREELIST_BUILD_TESTS=ON -DSIGNALTREELIST_SANITIZE=ON
 else
-    build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build}
-    configure_and_build "$build_dir" -DSIGNALTREELIST_BUILD_TESTS=ON -DSIGNALTREELIST_SANITIZE=OFF
+    build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build$suffix}
+    configure_and_build "$build_dir" -DQT_MAJOR_VERSION="$qt" -DSIGNALTREELIST_BUILD_TESTS=ON -DSIGNALTREELIST_SANITIZE=OFF
 fi
 
 cd "$build_dir"
