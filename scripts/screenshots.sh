@@ -4,6 +4,7 @@
 #   docs/demo.png                          the whole demo window
 #   docs/rootitem-{normal,hover,press}.png   a root row in each look state
 #   docs/seconditem-{normal,hover,press}.png a child row in each look state
+#   docs/demo-qt6-200.png                  the demo on Qt 6 on a screen at 200 %
 #
 # BUILD_DIR overrides the build directory.
 set -euo pipefail
@@ -22,7 +23,14 @@ QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="qt.qpa.*=false" \
     echo "  QT_QPA_PLATFORM=offscreen $demo --screenshot $docs/demo.png --closeups $docs" >&2
     exit 1
 }
-for picture in demo rootitem-normal rootitem-hover rootitem-press \
+# On Qt 6 at a scale of 2, as on a 4K control-room monitor.
+ensure_build_packages 6
+qt6_build=${QT6_BUILD_DIR:-$SIGNALTREELIST_ROOT/build-qt6}
+configure_and_build "$qt6_build" -DQT_MAJOR_VERSION=6 -DSIGNALTREELIST_BUILD_EXAMPLES=ON
+QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=2 QT_LOGGING_RULES="qt.qpa.*=false" \
+    "$qt6_build/examples/demohost/signaltreelist_demo" --screenshot "$docs/demo-qt6-200.png" >/dev/null 2>&1
+
+for picture in demo demo-qt6-200 rootitem-normal rootitem-hover rootitem-press \
                seconditem-normal seconditem-hover seconditem-press; do
     if [ ! -s "$docs/$picture.png" ]; then
         echo "missing $docs/$picture.png" >&2
