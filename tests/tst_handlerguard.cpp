@@ -56,8 +56,8 @@ private slots:
     void idleWidgetIsLeftToTheCaller();
     void busyWidgetLeavesAtOnceAndGoesAfterTheGuard();
     void waitsForTheOutermostGuardInside();
-    void deferringTwiceDefersOnce();
-    void guardOfADeletedOwnerEndsQuietly();
+    void freedOnceItsGuardEnds_data();
+    void freedOnceItsGuardEnds();
     void nestedEventLoopDoesNotFreeTheBusyWidget();
 };
 
@@ -152,28 +152,33 @@ void tst_HandlerGuard::waitsForTheOutermostGuardInside()
     QVERIFY(outer.isNull());
 }
 
-void tst_HandlerGuard::deferringTwiceDefersOnce()
+void tst_HandlerGuard::freedOnceItsGuardEnds_data()
 {
-    Tree tree;
-    QPointer<QWidget> inner = tree.inner;
-    {
-        const HandlerGuard guard(tree.inner);
-        QVERIFY(HandlerGuard::deferDeletion(tree.inner));
-        QVERIFY(HandlerGuard::deferDeletion(tree.inner));
-    }
-    flushDeferredDeletes();
-    QVERIFY(inner.isNull());
+    QTest::addColumn<bool>("deferTwice");
+    QTest::addColumn<bool>("ownerDeleted");
+    QTest::newRow("deferred once") << false << false;
+    QTest::newRow("deferred twice") << true << false;
+    QTest::newRow("the guard's owner deleted by other means") << false << true;
 }
 
-void tst_HandlerGuard::guardOfADeletedOwnerEndsQuietly()
+void tst_HandlerGuard::freedOnceItsGuardEnds()
 {
+    QFETCH(bool, deferTwice);
+    QFETCH(bool, ownerDeleted);
+
     Tree tree;
     QPointer<QWidget> inner = tree.inner;
     {
         const HandlerGuard guard(tree.leaf);
         QVERIFY(HandlerGuard::deferDeletion(tree.inner));
-        delete tree.leaf; // its owner goes by other means
-        QVERIFY(!HandlerGuard::isBusy(tree.inner));
+        if (deferTwice)
+            QVERIFY(HandlerGuard::deferDeletion(tree.inner));
+        if (ownerDeleted) {
+            delete tree.leaf;
+            QVERIFY(!HandlerGuard::isBusy(tree.inner));
+        }
+        flushDeferredDeletes();
+        QCOMPARE(inner.isNull(), false);
     }
     flushDeferredDeletes();
     QVERIFY(inner.isNull());
