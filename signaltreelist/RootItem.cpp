@@ -93,6 +93,11 @@ void RootItem::initItem(int itemType, int itemIndex)
     m_pDeleteBtn->setProperty("isTarn", true);
     m_pDeleteBtn->setProperty("isDelBtn", true);
 
+    // The list is one tab stop: its frame takes the keys for every row.
+    for (QWidget *pWidget : {static_cast<QWidget *>(m_pExpandBox), static_cast<QWidget *>(m_pOnlineBtn),
+                             static_cast<QWidget *>(m_pEditBtn), static_cast<QWidget *>(m_pDeleteBtn)})
+        pWidget->setFocusPolicy(Qt::NoFocus);
+
     m_pTextLayout->addWidget(m_qlUpper);
     m_pTextLayout->addWidget(m_qlDown);
 
@@ -336,4 +341,29 @@ void RootItem::applyPressLook()
     }
     m_guardSelf.repolish(this);
     m_guardUpper.repolish(m_qlUpper);
+}
+
+QToolButton *RootItem::editButton() const
+{
+    return m_pEditBtn;
+}
+
+QToolButton *RootItem::deleteButton() const
+{
+    return m_pDeleteBtn;
+}
+
+bool RootItem::showsEditButton() const
+{
+    return m_bShowEdit;
+}
+
+bool RootItem::showsDeleteButton() const
+{
+    return m_bShowDelete;
+}
+
+QCheckBox *RootItem::expandBox() const
+{
+    return m_pExpandBox;
 }

@@ -67,6 +67,14 @@ public:
 
     void reTranslateUI() override;
 
+    // For the keyboard and the accessibility interface, which press these
+    // as a click would, and only when the flag shows them on hover.
+    QToolButton *editButton() const;
+    QToolButton *deleteButton() const;
+    bool showsEditButton() const;
+    bool showsDeleteButton() const;
+    QCheckBox *expandBox() const;
+
 signals:
     void signal_OnIsShowChildItems(bool bIsShow);
     void signal_OnSelectRootItem();

@@ -208,6 +208,8 @@ void SecondItem::initItem(int rootIndex, int childIndex)
     for (QToolButton *btn : {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn}) {
         btn->setFixedSize(20, 20);
         btn->setProperty("isTarn", true);
+        // The list is one tab stop: its frame takes the keys for every row.
+        btn->setFocusPolicy(Qt::NoFocus);
     }
     // Capture and the fourth button reuse the delete button's property: the
     // host style tells them apart by other means.
@@ -539,4 +541,24 @@ void SecondItem::placeButtons()
     } else {
         m_qfBtns->hide();
     }
+}
+
+QToolButton *SecondItem::editButton() const
+{
+    return m_pEditBtn;
+}
+
+QToolButton *SecondItem::deleteButton() const
+{
+    return m_pDeleteBtn;
+}
+
+bool SecondItem::showsEditButton() const
+{
+    return m_bShowEdit;
+}
+
+bool SecondItem::showsDeleteButton() const
+{
+    return m_bShowDelete;
 }

@@ -56,6 +56,13 @@ public:
 
     void reTranslateUI() override;
 
+    // For the keyboard and the accessibility interface, which press these
+    // as a click would, and only when the flag shows them on hover.
+    QToolButton *editButton() const;
+    QToolButton *deleteButton() const;
+    bool showsEditButton() const;
+    bool showsDeleteButton() const;
+
 signals:
     void signal_OnItemClicked();
     void signal_OnEditBtnClicked();

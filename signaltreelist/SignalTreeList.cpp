@@ -49,6 +49,8 @@ void SignalTreeList::initControls()
     m_pData->pTreeListFrame = pFrame;
     pFrame->initControls();
     pLayout->addWidget(pFrame);
+    // Focus given to the list goes to the frame, which takes the keys.
+    setFocusProxy(pFrame);
 
     connect(pFrame, &TreeListFrame::signal_OnCurrentItemClicked, this,
             &SignalTreeList::signal_OnCurrentItemClicked);

@@ -2,6 +2,7 @@
 
 #include "DrawerControl.h"
 #include "HandlerGuard.h"
+#include "KeyboardNavigator.h"
 #include "QtCompat.h"
 #include "StyleConstants.h"
 
@@ -57,6 +58,9 @@ void TreeListFrame::initControls()
     m_pScrollArea->setWidgetResizable(true);
     m_pScrollArea->setWidget(m_pDrawerContainer);
     m_pMainLayout->addWidget(m_pScrollArea);
+
+    // Keys and focus: the frame is the list's one tab stop.
+    new KeyboardNavigator(this, m_pScrollArea);
 }
 
 void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
