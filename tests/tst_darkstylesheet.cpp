@@ -241,6 +241,7 @@ private slots:
     void hoverButtonsShowTheirPictures();
     void expandBoxShowsItsPictures();
     void scrollBarUsesThePalette();
+    void keyboardFocusDrawsAnOutline();
 
 private:
     QString m_sheet;
@@ -651,6 +652,34 @@ void tst_DarkStyleSheet::scrollBarUsesThePalette()
     const double down = mismatch(bar->height() - 12, QStringLiteral(":/scrollbar/resource/scrollbar/down_normal.png"));
     QVERIFY2(up < 40, qPrintable(QString::number(up)));
     QVERIFY2(down < 40, qPrintable(QString::number(down)));
+}
+
+// The row the keys act on gets a thin orange outline over its state's
+// background; the other rows and the inside of that row stay as they were.
+void tst_DarkStyleSheet::keyboardFocusDrawsAnOutline()
+{
+    Host host;
+    QVERIFY(host.exposed());
+    host.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+    host.collect();
+    SecondItem *first = host.children.at(0);
+    RootItem *root = host.roots.at(1);
+    QWidget *frame = host.list->getSignalTreeListFrame();
+    const QPoint edge(first->width() / 2, 0);
+    const QColor before = pixelOf(first, edge);
+
+    frame->setFocus(Qt::TabFocusReason); // lands on the first row, root 0
+    QTest::keyClick(frame, Qt::Key_Down);
+    QCOMPARE(first->property("isKeyFocus").toBool(), true);
+    COMPARE_COLOUR(pixelOf(first, edge), kOrange);
+    COMPARE_COLOUR(pixelOf(first, quietSpot(first)), kPanel);
+    saveShot(host.window.get(), QStringLiteral("dark-key-focus"));
+
+    QTest::keyClick(frame, Qt::Key_End);
+    QCOMPARE(root->property("isKeyFocus").toBool(), true);
+    COMPARE_COLOUR(pixelOf(root, QPoint(root->width() / 2, 0)), kOrange);
+    COMPARE_COLOUR(pixelOf(first, edge), before);
 }
 
 QTEST_MAIN(tst_DarkStyleSheet)
