@@ -31,6 +31,9 @@ while [ $# -gt 0 ]; do
 done
 
 ensure_build_packages "$qt"
+# The accessibility events are checked where Qt's accessibility is live:
+# under Xvfb with a private session bus and accessibility bus.
+ensure_packages xvfb dbus-bin dbus-daemon at-spi2-core
 suffix=$(flavour_suffix "$qt")
 if [ "$sanitize" -eq 1 ]; then
     build_dir=${BUILD_DIR:-$SIGNALTREELIST_ROOT/build$suffix-sanitize}

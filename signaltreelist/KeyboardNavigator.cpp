@@ -191,6 +191,27 @@ QWidget *KeyboardNavigator::pageStep(QWidget *from, int direction) const
     return target;
 }
 
+void KeyboardNavigator::notifySelectionLater(QWidget *row)
+{
+    if (!QAccessible::isActive())
+        return;
+    // After the press has been handled: the row's selection is then set.
+    const QPointer<QWidget> guard(row);
+    QMetaObject::invokeMethod(
+        this,
+        [guard] {
+            if (!guard)
+                return;
+            QAccessible::State changed;
+            changed.selected = true;
+            QAccessibleStateChangeEvent state(guard.data(), changed);
+            QAccessible::updateAccessibility(&state);
+            QAccessibleEvent selection(guard.data(), QAccessible::Selection);
+            QAccessible::updateAccessibility(&selection);
+        },
+        Qt::QueuedConnection);
+}
+
 bool KeyboardNavigator::handleKey(QKeyEvent *event)
 {
     const QList<QWidget *> rows = visibleRows();
@@ -291,6 +312,7 @@ bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
                 if (!m_pFrame->hasFocus())
                     m_pFrame->setFocus(Qt::MouseFocusReason);
                 setFocusRow(row, false);
+                notifySelectionLater(row);
             }
         }
         return false;

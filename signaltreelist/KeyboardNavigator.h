@@ -63,6 +63,9 @@ private:
     QWidget *rowAt(QObject *object) const;
     QWidget *pageStep(QWidget *from, int direction) const;
     void publish(QWidget *row, bool focused);
+    /// Tells assistive technology, once the press is handled, that @p row
+    /// was selected.
+    void notifySelectionLater(QWidget *row);
 
     TreeListFrame *m_pFrame;
     QPointer<QScrollArea> m_pScrollArea;

@@ -5,6 +5,7 @@
 #include "KeyboardNavigator.h"
 #include "QtCompat.h"
 #include "StyleConstants.h"
+#include "TreeListAccessible.h"
 
 #include <ScrollBarEx.h>
 
@@ -26,6 +27,7 @@ TreeListFrame::TreeListFrame(QWidget *parent)
     , m_bIsDrag(false)
 {
     setObjectName(QStringLiteral("TreeListFrame"));
+    TreeListAccessible::installFactory();
 }
 
 TreeListFrame::~TreeListFrame()

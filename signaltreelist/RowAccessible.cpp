@@ -1,0 +1,179 @@
+#include "RowAccessible.h"
+
+#include "DrawerControl.h"
+#include "KeyboardNavigator.h"
+#include "RootItem.h"
+#include "SecondItem.h"
+#include "TreeListFrame.h"
+
+#include <QCoreApplication>
+
+RowAccessible::RowAccessible(QWidget *row)
+    : QAccessibleWidget(row, QAccessible::TreeItem)
+{
+}
+
+QString RowAccessible::expandAction()
+{
+    return QStringLiteral("expand");
+}
+
+QString RowAccessible::collapseAction()
+{
+    return QStringLiteral("collapse");
+}
+
+bool RowAccessible::isRoot() const
+{
+    return qobject_cast<const RootItem *>(object()) != nullptr;
+}
+
+DrawerControl *RowAccessible::drawer() const
+{
+    for (QWidget *w = widget() ? widget()->parentWidget() : nullptr; w; w = w->parentWidget()) {
+        if (auto *d = qobject_cast<DrawerControl *>(w))
+            return d;
+    }
+    return nullptr;
+}
+
+QList<QWidget *> RowAccessible::shownChildren() const
+{
+    QList<QWidget *> rows;
+    DrawerControl *d = drawer();
+    if (!isRoot() || !d || !KeyboardNavigator::isExpanded(widget()))
+        return rows;
+    for (SecondItem *row : d->secondItems())
+        rows << row;
+    return rows;
+}
+
+QString RowAccessible::text(QAccessible::Text t) const
+{
+    st_NodeInfoSignal node;
+    if (auto *root = qobject_cast<RootItem *>(object()))
+        node = root->getNodeInfo();
+    else if (auto *row = qobject_cast<SecondItem *>(object()))
+        node = row->getNodeInfo();
+    switch (t) {
+    case QAccessible::Name:
+        // Every line in full: the row shows them elided.
+        return node.strNodeName.join(QStringLiteral(", "));
+    case QAccessible::Description:
+        if (!isRoot() && !node.isOnline)
+            return QCoreApplication::translate("SignalTreeList", "offline", "a signal that is not available");
+        return QString();
+    default:
+        return QAccessibleWidget::text(t);
+    }
+}
+
+QAccessible::State RowAccessible::state() const
+{
+    QAccessible::State s = QAccessibleWidget::state();
+    s.selectable = true;
+    s.focusable = true;
+    DrawerControl *d = drawer();
+    QWidget *row = widget();
+    if (!d || !row)
+        return s;
+    if (isRoot()) {
+        // The drawer's selection is the root row itself.
+        s.selected = d->getIsRootSel() && d->selIndex().size() == 1;
+        s.expandable = true;
+        s.expanded = KeyboardNavigator::isExpanded(row);
+        s.collapsed = !s.expanded;
+    } else {
+        s.selected = row->property("isSecondItem").toString() == QLatin1String("press");
+    }
+    for (QWidget *w = d->parentWidget(); w; w = w->parentWidget()) {
+        if (auto *frame = qobject_cast<TreeListFrame *>(w)) {
+            const KeyboardNavigator *keys = KeyboardNavigator::of(frame);
+            s.focused = frame->hasFocus() && keys && keys->focusRow() == row;
+            break;
+        }
+    }
+    return s;
+}
+
+QAccessibleInterface *RowAccessible::parent() const
+{
+    DrawerControl *d = drawer();
+    if (!d)
+        return QAccessibleWidget::parent();
+    if (!isRoot())
+        return QAccessible::queryAccessibleInterface(d->rootItem());
+    for (QWidget *w = d->parentWidget(); w; w = w->parentWidget()) {
+        if (qobject_cast<TreeListFrame *>(w))
+            return QAccessible::queryAccessibleInterface(w);
+    }
+    return QAccessibleWidget::parent();
+}
+
+int RowAccessible::childCount() const
+{
+    return shownChildren().size();
+}
+
+QAccessibleInterface *RowAccessible::child(int index) const
+{
+    QWidget *row = shownChildren().value(index);
+    return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
+}
+
+int RowAccessible::indexOfChild(const QAccessibleInterface *child) const
+{
+    return child ? shownChildren().indexOf(qobject_cast<QWidget *>(child->object())) : -1;
+}
+
+QStringList RowAccessible::actionNames() const
+{
+    QStringList names{pressAction()};
+    if (isRoot() && widget())
+        names << (KeyboardNavigator::isExpanded(widget()) ? collapseAction() : expandAction());
+    return names;
+}
+
+QString RowAccessible::localizedActionName(const QString &name) const
+{
+    if (name == expandAction())
+        return QCoreApplication::translate("SignalTreeList", "Expand", "accessible action: show a group's signals");
+    if (name == collapseAction())
+        return QCoreApplication::translate("SignalTreeList", "Collapse", "accessible action: hide a group's signals");
+    return QAccessibleWidget::localizedActionName(name);
+}
+
+QString RowAccessible::localizedActionDescription(const QString &name) const
+{
+    if (name == pressAction())
+        return QCoreApplication::translate("SignalTreeList", "Selects the row, as a click does");
+    if (name == expandAction())
+        return QCoreApplication::translate("SignalTreeList", "Shows the signals of this group");
+    if (name == collapseAction())
+        return QCoreApplication::translate("SignalTreeList", "Hides the signals of this group");
+    return QAccessibleWidget::localizedActionDescription(name);
+}
+
+void RowAccessible::doAction(const QString &name)
+{
+    QWidget *row = widget();
+    if (!row)
+        return;
+    if (name == pressAction())
+        KeyboardNavigator::activate(row);
+    else if (name == expandAction())
+        KeyboardNavigator::setExpanded(row, true);
+    else if (name == collapseAction())
+        KeyboardNavigator::setExpanded(row, false);
+}
+
+QStringList RowAccessible::keyBindingsForAction(const QString &name) const
+{
+    if (name == pressAction())
+        return {QStringLiteral("Space")};
+    if (name == expandAction())
+        return {QStringLiteral("Right")};
+    if (name == collapseAction())
+        return {QStringLiteral("Left")};
+    return {};
+}

@@ -1,0 +1,46 @@
+#ifndef SIGNALTREELIST_ROWACCESSIBLE_H
+#define SIGNALTREELIST_ROWACCESSIBLE_H
+
+// Internal: not installed, not part of the library's interface.
+
+#include <QAccessibleWidget>
+
+class DrawerControl;
+
+/**
+ * A root row or a child row as assistive technology sees it: a tree item
+ * named by its full text (every name line, not the elided ones), with
+ * "offline" in the description of an offline signal, truthful selected,
+ * focused, expandable, expanded and collapsed states, and the actions of
+ * the mouse: press (a click on the row), expand and collapse (a click on
+ * the root row's expand box).
+ */
+// QAccessibleWidget brings the action interface; the actions are overridden.
+class RowAccessible : public QAccessibleWidget
+{
+public:
+    explicit RowAccessible(QWidget *row);
+
+    static QString expandAction();
+    static QString collapseAction();
+
+    QString text(QAccessible::Text t) const override;
+    QAccessible::State state() const override;
+    QAccessibleInterface *parent() const override;
+    int childCount() const override;
+    QAccessibleInterface *child(int index) const override;
+    int indexOfChild(const QAccessibleInterface *child) const override;
+
+    QStringList actionNames() const override;
+    QString localizedActionName(const QString &name) const override;
+    QString localizedActionDescription(const QString &name) const override;
+    void doAction(const QString &name) override;
+    QStringList keyBindingsForAction(const QString &name) const override;
+
+private:
+    bool isRoot() const;
+    DrawerControl *drawer() const;
+    QList<QWidget *> shownChildren() const;
+};
+
+#endif // SIGNALTREELIST_ROWACCESSIBLE_H

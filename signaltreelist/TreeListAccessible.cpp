@@ -1,0 +1,93 @@
+#include "TreeListAccessible.h"
+
+#include "DrawerControl.h"
+#include "KeyboardNavigator.h"
+#include "RootItem.h"
+#include "RowAccessible.h"
+#include "SecondItem.h"
+#include "TreeListFrame.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QAccessibleInterface *createInterface(const QString &key, QObject *object)
+{
+    if (key == QLatin1String("TreeListFrame"))
+        return new TreeListAccessible(static_cast<TreeListFrame *>(object));
+    if (key == QLatin1String("RootItem") || key == QLatin1String("SecondItem"))
+        return new RowAccessible(static_cast<QWidget *>(object));
+    return nullptr;
+}
+
+// The root rows of the drawers on screen, in order.
+QList<QWidget *> rootRows(TreeListFrame *frame)
+{
+    QList<QWidget *> rows;
+    if (!frame)
+        return rows;
+    for (DrawerControl *drawer : frame->drawers()) {
+        if (drawer && drawer->rootItem() && !drawer->isHidden())
+            rows << drawer->rootItem();
+    }
+    return rows;
+}
+
+} // namespace
+
+TreeListAccessible::TreeListAccessible(TreeListFrame *frame)
+    : QAccessibleWidget(frame, QAccessible::Tree)
+{
+}
+
+void TreeListAccessible::installFactory()
+{
+    static bool installed = false;
+    if (installed)
+        return;
+    installed = true;
+    QAccessible::installFactory(createInterface);
+}
+
+TreeListFrame *TreeListAccessible::frame() const
+{
+    return qobject_cast<TreeListFrame *>(object());
+}
+
+QString TreeListAccessible::text(QAccessible::Text t) const
+{
+    if (t == QAccessible::Name && widget() && widget()->accessibleName().isEmpty())
+        return QCoreApplication::translate("SignalTreeList", "Input signals", "accessible name of the list");
+    return QAccessibleWidget::text(t);
+}
+
+QAccessible::State TreeListAccessible::state() const
+{
+    QAccessible::State s = QAccessibleWidget::state();
+    s.focusable = true;
+    return s;
+}
+
+int TreeListAccessible::childCount() const
+{
+    return rootRows(frame()).size();
+}
+
+QAccessibleInterface *TreeListAccessible::child(int index) const
+{
+    QWidget *row = rootRows(frame()).value(index);
+    return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
+}
+
+int TreeListAccessible::indexOfChild(const QAccessibleInterface *child) const
+{
+    return child ? rootRows(frame()).indexOf(qobject_cast<QWidget *>(child->object())) : -1;
+}
+
+QAccessibleInterface *TreeListAccessible::focusChild() const
+{
+    TreeListFrame *f = frame();
+    const KeyboardNavigator *keys = KeyboardNavigator::of(f);
+    QWidget *row = f && f->hasFocus() && keys ? keys->focusRow() : nullptr;
+    return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
+}

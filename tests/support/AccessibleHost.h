@@ -1,0 +1,47 @@
+#pragma once
+
+#include "NodeFactory.h"
+
+#include <QAccessible>
+#include <QList>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+
+class DrawerControl;
+class SignalTreeList;
+class TreeListFrame;
+
+// A shown, active window holding a list: roots R0..R2 (sources S0..S2),
+// three children each ("R1-2"); root 0 expanded; R1-1 offline; R2 has the
+// two-line name "R2" / "second line".
+struct AccessibleHost
+{
+    std::unique_ptr<QWidget> window;
+    SignalTreeList *list = nullptr;
+
+    TreeListFrame *frame() const;
+    DrawerControl *drawer(int i) const;
+    QAccessibleInterface *tree() const;
+    // The accessible of the row named @p name ("R1", "R0-2").
+    QAccessibleInterface *row(const QString &name) const;
+
+    static std::unique_ptr<AccessibleHost> make();
+};
+
+// Records the accessibility events the library raises while alive, as
+// "Focus R0-1" or "StateChanged R0-1" (the row's first name line).
+class AccessibleEvents
+{
+public:
+    AccessibleEvents();
+    ~AccessibleEvents();
+    QStringList events;
+
+private:
+    static void handle(QAccessibleEvent *event);
+    static AccessibleEvents *s_current;
+    QAccessible::UpdateHandler m_previous;
+};

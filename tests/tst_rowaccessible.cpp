@@ -1,0 +1,176 @@
+// A row as assistive technology reads it: its full name, "offline" for an
+// offline signal, truthful states, and actions that do what the mouse does.
+
+#include "AccessibleHost.h"
+#include "DrawerControl.h"
+#include "EventSender.h"
+#include "HostRecorder.h"
+#include "RootItem.h"
+#include "SecondItem.h"
+#include "SignalTreeList.h"
+#include "TreeListFrame.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QLabel>
+#include <QtTest>
+
+class tst_RowAccessible : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        EventSender::parkPointer();
+        qRegisterMetaType<QList<int>>();
+    }
+    void nameIsTheFullText_data();
+    void nameIsTheFullText();
+    void offlineSignalSaysSo();
+    void selectedStateIsTruthful();
+    void rootStatesAreTruthful();
+    void pressActionDoesWhatAClickDoes_data();
+    void pressActionDoesWhatAClickDoes();
+    void expandAndCollapseActionsUseTheExpandBox();
+};
+
+void tst_RowAccessible::nameIsTheFullText_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("expected");
+    const QString longName(200, QLatin1Char('W'));
+    QTest::newRow("one line") << QStringList{"HDMI 1"} << "HDMI 1";
+    QTest::newRow("two lines") << QStringList{"HDMI 1", "1920x1080@60"} << "HDMI 1, 1920x1080@60";
+    QTest::newRow("a name too long to show") << QStringList{longName, "4K"} << longName + ", 4K";
+}
+
+// Child row 0 of root 0 and root 1 get the names: both read in full,
+// though the rows show them shortened.
+void tst_RowAccessible::nameIsTheFullText()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QString, expected);
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    st_NodeInfoSignal node = host->drawer(0)->secondItems().at(0)->getNodeInfo();
+    node.strNodeName = names;
+    host->list->modifyItemData(QList<int>{0, 0}, node); // child 0 of every root
+    host->list->modifyItemData(QList<int>{0}, node);
+
+    SecondItem *row = host->drawer(0)->secondItems().at(0);
+    QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(row);
+    QCOMPARE(iface->text(QAccessible::Name), expected);
+    QCOMPARE(QAccessible::queryAccessibleInterface(host->drawer(0)->rootItem())->text(QAccessible::Name), expected);
+    if (names.first().size() > 100)
+        QVERIFY(row->findChild<QLabel *>(QStringLiteral("m_qlUpper"))->text() != names.first());
+}
+
+void tst_RowAccessible::offlineSignalSaysSo()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    host->list->setIsShowChildItem(1, true);
+    QCOMPARE(host->row(QStringLiteral("R1-1"))->text(QAccessible::Description), QStringLiteral("offline"));
+    QCOMPARE(host->row(QStringLiteral("R1-0"))->text(QAccessible::Description), QString());
+    QCOMPARE(host->row(QStringLiteral("R1"))->text(QAccessible::Description), QString());
+}
+
+void tst_RowAccessible::selectedStateIsTruthful()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    // The list selects the last row it adds (the press look).
+    QVERIFY(host->row(QStringLiteral("R0-2"))->state().selected);
+    QVERIFY(!host->row(QStringLiteral("R0-0"))->state().selected);
+    QVERIFY(host->row(QStringLiteral("R0-0"))->state().selectable);
+
+    QWidget *row = qobject_cast<QWidget *>(host->row(QStringLiteral("R0-0"))->object());
+    QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, QPoint(5, row->height() / 2));
+    QVERIFY(host->row(QStringLiteral("R0-0"))->state().selected);
+    QVERIFY(!host->row(QStringLiteral("R0-2"))->state().selected);
+    QVERIFY(!host->row(QStringLiteral("R0"))->state().selected);
+
+    host->list->setCurSelItem(QList<int>{0, 1});
+    QVERIFY(host->row(QStringLiteral("R0-1"))->state().selected);
+    QVERIFY(!host->row(QStringLiteral("R0-0"))->state().selected);
+
+    RootItem *root = host->drawer(0)->rootItem();
+    QTest::mouseClick(root, Qt::LeftButton, Qt::NoModifier, QPoint(root->width() - 60, 3));
+    QVERIFY(host->row(QStringLiteral("R0"))->state().selected);
+    QVERIFY(!host->row(QStringLiteral("R1"))->state().selected);
+}
+
+void tst_RowAccessible::rootStatesAreTruthful()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    QAccessibleInterface *r0 = host->row(QStringLiteral("R0"));
+    QAccessibleInterface *r1 = host->row(QStringLiteral("R1"));
+    QVERIFY(r0->state().expandable && r0->state().expanded && !r0->state().collapsed);
+    QVERIFY(r1->state().expandable && !r1->state().expanded && r1->state().collapsed);
+    QVERIFY(!host->row(QStringLiteral("R0-1"))->state().expandable);
+    host->list->setIsShowChildItem(0, false);
+    QVERIFY(!r0->state().expanded && r0->state().collapsed);
+    QCOMPARE(r0->actionInterface()->actionNames(),
+             (QStringList{QAccessibleActionInterface::pressAction(), QStringLiteral("expand")}));
+    host->list->setIsShowChildItem(1, true);
+    QCOMPARE(r1->actionInterface()->actionNames(),
+             (QStringList{QAccessibleActionInterface::pressAction(), QStringLiteral("collapse")}));
+    QCOMPARE(host->row(QStringLiteral("R1-0"))->actionInterface()->actionNames(),
+             QStringList{QAccessibleActionInterface::pressAction()});
+}
+
+void tst_RowAccessible::pressActionDoesWhatAClickDoes_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QStringList>("events");
+    QTest::addColumn<QList<int>>("selection"); // of drawer 0
+    QTest::newRow("child row") << "R0-1" << QStringList{"CurrentItemClicked(0,1)"} << QList<int>{0, 1};
+    QTest::newRow("root row") << "R0" << QStringList() << QList<int>{0};
+}
+
+void tst_RowAccessible::pressActionDoesWhatAClickDoes()
+{
+    QFETCH(QString, row);
+    QFETCH(QStringList, events);
+    QFETCH(QList<int>, selection);
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    HostRecorder recorder(host->list);
+    QAccessibleInterface *iface = host->row(row);
+    iface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(recorder.events, events);
+    QCOMPARE(host->drawer(0)->selIndex(), selection);
+    QVERIFY(iface->state().selected);
+    const char *look = row.contains(QLatin1Char('-')) ? "isSecondItem" : "isRootItem";
+    QCOMPARE(iface->object()->property(look).toString(), QStringLiteral("press"));
+}
+
+void tst_RowAccessible::expandAndCollapseActionsUseTheExpandBox()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    RootItem *root = host->drawer(1)->rootItem();
+    QSignalSpy shown(root, &RootItem::signal_OnIsShowChildItems);
+    QAccessibleInterface *iface = host->row(QStringLiteral("R1"));
+
+    iface->actionInterface()->doAction(QStringLiteral("expand"));
+    QVERIFY(host->drawer(1)->isShowChild());
+    QVERIFY(root->expandBox()->isChecked());
+    QCOMPARE(root->property("isRootItem").toString(), QStringLiteral("press"));
+    QCOMPARE(shown.count(), 1);
+    QCOMPARE(iface->childCount(), 3);
+
+    iface->actionInterface()->doAction(QStringLiteral("expand")); // already: nothing
+    QCOMPARE(shown.count(), 1);
+    iface->actionInterface()->doAction(QStringLiteral("collapse"));
+    QVERIFY(!host->drawer(1)->isShowChild());
+    QVERIFY(!root->expandBox()->isChecked());
+    QCOMPARE(shown.count(), 2);
+    QCOMPARE(shown.at(1).at(0).toBool(), false);
+    QCOMPARE(iface->childCount(), 0);
+}
+
+QTEST_MAIN(tst_RowAccessible)
+#include "tst_rowaccessible.moc"
