@@ -11,8 +11,27 @@
 
 namespace {
 
+// The public widget draws nothing and passes its focus on to the tree frame
+// (its focus proxy): assistive technology is to find the focus there only.
+class FocusProxyAccessible : public QAccessibleWidget
+{
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State s = QAccessibleWidget::state();
+        s.focused = false;
+        s.focusable = false;
+        s.invisible = true;
+        return s;
+    }
+};
+
 QAccessibleInterface *createInterface(const QString &key, QObject *object)
 {
+    if (key == QLatin1String("SignalTreeList"))
+        return new FocusProxyAccessible(static_cast<QWidget *>(object));
     if (key == QLatin1String("TreeListFrame"))
         return new TreeListAccessible(static_cast<TreeListFrame *>(object));
     if (key == QLatin1String("RootItem") || key == QLatin1String("SecondItem"))

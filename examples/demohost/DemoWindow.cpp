@@ -4,6 +4,7 @@
 
 #include <SignalTreeList.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QDateTime>
@@ -23,6 +24,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTextStream>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -112,6 +114,9 @@ void DemoWindow::buildUi()
     leftLayout->addWidget(m_pPanel, 1);
     m_pList = new SignalTreeList(m_pPanel);
     m_pList->initControls();
+    // The status bar names the row that has the keyboard focus: the list
+    // tells assistive technology, and so the host, through QAccessible.
+    m_pList->getSignalTreeListFrame()->installEventFilter(this);
     left->setMinimumWidth(360);
 
     // Right: the log of every signal.
@@ -692,13 +697,39 @@ void DemoWindow::showAbout()
                                       "operation.</p>"));
 }
 
+bool DemoWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::MouseButtonPress:
+        // After the list has handled it.
+        QTimer::singleShot(0, this, &DemoWindow::updateStatus);
+        break;
+    default:
+        break;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+QString DemoWindow::focusedRowName() const
+{
+    QFrame *frame = m_pList ? m_pList->getSignalTreeListFrame() : nullptr;
+    QAccessibleInterface *tree = frame ? QAccessible::queryAccessibleInterface(frame) : nullptr;
+    QAccessibleInterface *row = tree ? tree->focusChild() : nullptr;
+    return row ? row->text(QAccessible::Name) : QString();
+}
+
 void DemoWindow::updateStatus()
 {
     if (!m_pStatus)
         return;
-    m_pStatus->setText(QStringLiteral("Roots: %1   ·   Last clicked: %2   ·   Drag: %3")
+    const QString focused = focusedRowName();
+    m_pStatus->setText(QStringLiteral("Roots: %1   ·   Last clicked: %2   ·   Drag: %3   ·   Keyboard focus: %4")
                            .arg(m_iRootCount)
                            .arg(m_lstLastPath.isEmpty() ? QStringLiteral("none") : pathText(m_lstLastPath))
                            .arg(m_pDragAction && m_pDragAction->isChecked() ? QStringLiteral("on")
-                                                                           : QStringLiteral("off")));
+                                                                           : QStringLiteral("off"))
+                           .arg(focused.isEmpty() ? QStringLiteral("not in the list") : focused));
 }

@@ -74,6 +74,9 @@ private slots:
     void retranslate();
     void showAbout();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildUi();
     void buildActions();
@@ -89,6 +92,9 @@ private:
     /// The root that the typed path, or else the last click, names.
     int targetRoot() const;
     void updateStatus();
+    /// The name of the row with the keyboard focus, empty when the list does
+    /// not have the focus.
+    QString focusedRowName() const;
 
     static QString pathText(const QList<int> &path);
 
