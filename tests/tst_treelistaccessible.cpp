@@ -121,6 +121,15 @@ void tst_TreeListAccessible::focusChildIsTheKeyboardFocusRow()
     QVERIFY(host->row(QStringLiteral("R0-0"))->state().focused);
     QVERIFY(!host->row(QStringLiteral("R0"))->state().focused);
 
+    // The public widget passes its focus on to the tree: only the tree and
+    // its row report the focus.
+    host->list->setFocus();
+    QVERIFY(host->frame()->hasFocus());
+    QAccessibleInterface *proxy = QAccessible::queryAccessibleInterface(host->list);
+    QVERIFY(!proxy->state().focused);
+    QVERIFY(proxy->state().invisible);
+    QVERIFY(tree->state().focused);
+
     host->frame()->clearFocus();
     QVERIFY(!tree->focusChild());
     QVERIFY(!host->row(QStringLiteral("R0-0"))->state().focused);
