@@ -333,7 +333,7 @@ void tst_KeyboardNavigator::spaceAndEnterActAsAClick_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("row");
     for (int key : {int(Qt::Key_Space), int(Qt::Key_Return), int(Qt::Key_Enter)}) {
-        const QByteArray name = QTest::toString(QKeySequence(key).toString());
+        const QByteArray name = QKeySequence(key).toString().toLatin1();
         QTest::addRow("%s on a child row", name.constData()) << key << "R0-2";
         QTest::addRow("%s on a root row", name.constData()) << key << "R1";
     }
