@@ -2,6 +2,7 @@
 
 #include "BenchRowWidget.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -9,8 +10,26 @@
 #include <QWidget>
 #include <QWindow>
 
-// Exported by QtCore: the number of events posted and not yet delivered.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+// Exported by Qt 5's QtCore: the number of events posted and not yet delivered.
 Q_CORE_EXPORT uint qGlobalPostedEventsCount();
+#endif
+
+namespace {
+
+// Whether the last pass left work behind. Qt 6 does not export the posted
+// event count; there the event dispatcher says whether a pass did anything.
+bool eventsLeft(bool passDidWork)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    Q_UNUSED(passDidWork)
+    return qGlobalPostedEventsCount() != 0;
+#else
+    return passDidWork;
+#endif
+}
+
+} // namespace
 
 BenchSubject::~BenchSubject()
 {
@@ -28,9 +47,10 @@ void BenchSubject::destroyWindow()
 void BenchSubject::drainEvents()
 {
     for (int pass = 0; pass < 64; ++pass) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        if (qGlobalPostedEventsCount() == 0)
+        const bool didWork = QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (!eventsLeft(didWork))
             return;
     }
 }
