@@ -1,9 +1,9 @@
 #include "DrawerControl.h"
 
 #include "HandlerGuard.h"
-#include "QtCompat.h"
 #include "LayoutInstall.h"
 #include "NodeInfoTrace.h"
+#include "QtCompat.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "StyleConstants.h"

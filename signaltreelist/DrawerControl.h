@@ -9,8 +9,8 @@
 #include <QPoint>
 
 class QDrag;
-class QPixmap;
 class QFrame;
+class QPixmap;
 class QVBoxLayout;
 class RootItem;
 class SecondItem;

@@ -21,15 +21,6 @@ namespace {
 
 const char *const kKeyFocusProperty = "isKeyFocus";
 
-DrawerControl *drawerOf(const QWidget *row)
-{
-    for (QWidget *w = row ? row->parentWidget() : nullptr; w; w = w->parentWidget()) {
-        if (auto *drawer = qobject_cast<DrawerControl *>(w))
-            return drawer;
-    }
-    return nullptr;
-}
-
 void repolish(QWidget *widget)
 {
     widget->style()->unpolish(widget);
@@ -85,15 +76,43 @@ KeyboardNavigator *KeyboardNavigator::of(const QWidget *frame)
                  : nullptr;
 }
 
+DrawerControl *KeyboardNavigator::drawerOf(const QWidget *row)
+{
+    for (QWidget *w = row ? row->parentWidget() : nullptr; w; w = w->parentWidget()) {
+        if (auto *drawer = qobject_cast<DrawerControl *>(w))
+            return drawer;
+    }
+    return nullptr;
+}
+
+TreeListFrame *KeyboardNavigator::frameOf(const QWidget *widget)
+{
+    for (QWidget *w = widget ? widget->parentWidget() : nullptr; w; w = w->parentWidget()) {
+        if (auto *frame = qobject_cast<TreeListFrame *>(w))
+            return frame;
+    }
+    return nullptr;
+}
+
+QList<QWidget *> KeyboardNavigator::rootRows(const TreeListFrame *frame)
+{
+    QList<QWidget *> rows;
+    if (!frame)
+        return rows;
+    for (DrawerControl *drawer : frame->drawers()) {
+        if (drawer && drawer->rootItem() && !drawer->isHidden())
+            rows << drawer->rootItem();
+    }
+    return rows;
+}
+
 QList<QWidget *> KeyboardNavigator::visibleRows() const
 {
     QList<QWidget *> rows;
-    for (DrawerControl *drawer : m_pFrame->drawers()) {
-        if (!drawer || !drawer->rootItem() || drawer->isHidden())
-            continue;
-        rows << drawer->rootItem();
-        if (drawer->childContainer() && !drawer->childContainer()->isHidden()) {
-            for (SecondItem *row : drawer->secondItems())
+    for (QWidget *root : rootRows(m_pFrame)) {
+        rows << root;
+        if (isExpanded(root)) {
+            for (SecondItem *row : drawerOf(root)->secondItems())
                 rows << row;
         }
     }

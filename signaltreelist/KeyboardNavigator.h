@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPointer>
 
+class DrawerControl;
 class QKeyEvent;
 class QScrollArea;
 class QWidget;
@@ -52,6 +53,13 @@ public:
     static bool setExpanded(QWidget *root, bool expand);
     /// Whether @p root (a root row) shows its children.
     static bool isExpanded(const QWidget *root);
+
+    /// The drawer that holds @p row, and the list frame that holds @p widget;
+    /// null when there is none.
+    static DrawerControl *drawerOf(const QWidget *row);
+    static TreeListFrame *frameOf(const QWidget *widget);
+    /// The root rows of @p frame's drawers on screen, top to bottom.
+    static QList<QWidget *> rootRows(const TreeListFrame *frame);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

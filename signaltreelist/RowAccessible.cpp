@@ -30,11 +30,7 @@ bool RowAccessible::isRoot() const
 
 DrawerControl *RowAccessible::drawer() const
 {
-    for (QWidget *w = widget() ? widget()->parentWidget() : nullptr; w; w = w->parentWidget()) {
-        if (auto *d = qobject_cast<DrawerControl *>(w))
-            return d;
-    }
-    return nullptr;
+    return KeyboardNavigator::drawerOf(widget());
 }
 
 QList<QWidget *> RowAccessible::shownChildren() const
@@ -86,13 +82,9 @@ QAccessible::State RowAccessible::state() const
     } else {
         s.selected = row->property("isSecondItem").toString() == QLatin1String("press");
     }
-    for (QWidget *w = d->parentWidget(); w; w = w->parentWidget()) {
-        if (auto *frame = qobject_cast<TreeListFrame *>(w)) {
-            const KeyboardNavigator *keys = KeyboardNavigator::of(frame);
-            s.focused = frame->hasFocus() && keys && keys->focusRow() == row;
-            break;
-        }
-    }
+    TreeListFrame *frame = KeyboardNavigator::frameOf(row);
+    const KeyboardNavigator *keys = KeyboardNavigator::of(frame);
+    s.focused = frame && frame->hasFocus() && keys && keys->focusRow() == row;
     return s;
 }
 
@@ -103,10 +95,8 @@ QAccessibleInterface *RowAccessible::parent() const
         return QAccessibleWidget::parent();
     if (!isRoot())
         return QAccessible::queryAccessibleInterface(d->rootItem());
-    for (QWidget *w = d->parentWidget(); w; w = w->parentWidget()) {
-        if (qobject_cast<TreeListFrame *>(w))
-            return QAccessible::queryAccessibleInterface(w);
-    }
+    if (TreeListFrame *frame = KeyboardNavigator::frameOf(d))
+        return QAccessible::queryAccessibleInterface(frame);
     return QAccessibleWidget::parent();
 }
 

@@ -321,7 +321,7 @@ void SecondItem::setSignalIcon(int type, bool online)
     if (!m_qlIcon)
         return;
     m_strIconPath = signalIconPath(type, online);
-    m_qlIcon->setPixmap(signalPicture(m_strIconPath, devicePixelRatioF()));
+    showSignalPicture();
 }
 
 void SecondItem::screenChangedEvent(QScreen *screen)
@@ -329,7 +329,12 @@ void SecondItem::screenChangedEvent(QScreen *screen)
     // Another screen may have another pixel ratio: pick the picture again.
     Q_UNUSED(screen)
     if (m_qlIcon && !m_strIconPath.isEmpty())
-        m_qlIcon->setPixmap(signalPicture(m_strIconPath, devicePixelRatioF()));
+        showSignalPicture();
+}
+
+void SecondItem::showSignalPicture()
+{
+    m_qlIcon->setPixmap(signalPicture(m_strIconPath, devicePixelRatioF()));
 }
 
 void SecondItem::setOpBtnShow(QList<bool> lstShow)

@@ -89,6 +89,8 @@ private:
     /// Width of @p text in @p label's font (@p line: 0 upper, 1 lower).
     int textWidth(int line, const QLabel *label, const QString &text) const;
     void placeButtons();
+    /// The picture of m_strIconPath for this row's screen.
+    void showSignalPicture();
 
     QHBoxLayout *m_pMainLayout;
     QFrame *m_qfBtns;

@@ -1,10 +1,7 @@
 #include "TreeListAccessible.h"
 
-#include "DrawerControl.h"
 #include "KeyboardNavigator.h"
-#include "RootItem.h"
 #include "RowAccessible.h"
-#include "SecondItem.h"
 #include "TreeListFrame.h"
 
 #include <QCoreApplication>
@@ -37,19 +34,6 @@ QAccessibleInterface *createInterface(const QString &key, QObject *object)
     if (key == QLatin1String("RootItem") || key == QLatin1String("SecondItem"))
         return new RowAccessible(static_cast<QWidget *>(object));
     return nullptr;
-}
-
-// The root rows of the drawers on screen, in order.
-QList<QWidget *> rootRows(TreeListFrame *frame)
-{
-    QList<QWidget *> rows;
-    if (!frame)
-        return rows;
-    for (DrawerControl *drawer : frame->drawers()) {
-        if (drawer && drawer->rootItem() && !drawer->isHidden())
-            rows << drawer->rootItem();
-    }
-    return rows;
 }
 
 } // namespace
@@ -89,18 +73,18 @@ QAccessible::State TreeListAccessible::state() const
 
 int TreeListAccessible::childCount() const
 {
-    return rootRows(frame()).size();
+    return KeyboardNavigator::rootRows(frame()).size();
 }
 
 QAccessibleInterface *TreeListAccessible::child(int index) const
 {
-    QWidget *row = rootRows(frame()).value(index);
+    QWidget *row = KeyboardNavigator::rootRows(frame()).value(index);
     return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
 }
 
 int TreeListAccessible::indexOfChild(const QAccessibleInterface *child) const
 {
-    return child ? rootRows(frame()).indexOf(qobject_cast<QWidget *>(child->object())) : -1;
+    return child ? KeyboardNavigator::rootRows(frame()).indexOf(qobject_cast<QWidget *>(child->object())) : -1;
 }
 
 QAccessibleInterface *TreeListAccessible::focusChild() const
