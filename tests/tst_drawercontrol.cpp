@@ -15,6 +15,7 @@
 #include "MessageCapture.h"
 #include "NodeFactory.h"
 #include "RootItem.h"
+#include "RowButtons.h"
 #include "SecondItem.h"
 #include "st_NodeInfoSignal.h"
 
@@ -137,27 +138,8 @@ QStringList indexTextsOf(DrawerControl *drawer)
     return texts;
 }
 
-QToolButton *rootButton(RootItem *root, const char *property)
-{
-    const auto buttons = root->findChildren<QToolButton *>();
-    for (QToolButton *btn : buttons) {
-        if (btn->property(property).isValid())
-            return btn;
-    }
-    return nullptr;
-}
-
-// The hover buttons of a child row in frame order: capture, edit, delete, fourth.
-QList<QToolButton *> rowButtons(SecondItem *row)
-{
-    QList<QToolButton *> buttons;
-    QFrame *frame = row->findChild<QFrame *>(QStringLiteral("m_qfBtns"));
-    if (!frame || !frame->layout())
-        return buttons;
-    for (int i = 0; i < frame->layout()->count(); ++i)
-        buttons << qobject_cast<QToolButton *>(frame->layout()->itemAt(i)->widget());
-    return buttons;
-}
+using RowButtons::rootButton;
+using RowButtons::rowButtons;
 
 // ----------------------------------------------------------- mouse helpers
 

@@ -10,6 +10,7 @@
 #include "MessageCapture.h"
 #include "NodeFactory.h"
 #include "RootItem.h"
+#include "RowButtons.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
@@ -249,23 +250,8 @@ std::unique_ptr<Host> makeReentrantHost()
     return host;
 }
 
-// A child row's hover button: 0 capture, 1 edit, 2 delete, 3 fourth.
-QToolButton *rowButton(SecondItem *row, int index)
-{
-    auto *frame = row->findChild<QFrame *>(QStringLiteral("m_qfBtns"));
-    if (!frame || !frame->layout() || index >= frame->layout()->count())
-        return nullptr;
-    return qobject_cast<QToolButton *>(frame->layout()->itemAt(index)->widget());
-}
-
-QToolButton *rootButton(RootItem *root, const char *property)
-{
-    for (QToolButton *b : root->findChildren<QToolButton *>()) {
-        if (b->property(property).toBool())
-            return b;
-    }
-    return nullptr;
-}
+using RowButtons::rootButton;
+using RowButtons::rowButton;
 
 // Runs @p work from a timer inside a nested event loop, as a slot that
 // opens a modal dialog would, and lets that loop turn a few more times:
@@ -955,10 +941,7 @@ void tst_SignalTreeList::rootEditButtonReportsCurrentSelection()
 
     SecondItem *row = host->drawer(1)->secondItems().at(2);
     QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, row->rect().center());
-    QToolButton *edit = nullptr;
-    for (QToolButton *b : host->drawer(1)->rootItem()->findChildren<QToolButton *>())
-        if (b->property("isEditBtn").toBool())
-            edit = b;
+    QToolButton *edit = rootButton(host->drawer(1)->rootItem(), "isEditBtn");
     QVERIFY(edit);
     edit->click();
     QCOMPARE(recorder.events, (QStringList{QStringLiteral("CurrentItemClicked(1,2)"),

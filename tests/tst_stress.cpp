@@ -37,6 +37,7 @@
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "RootItem.h"
+#include "RowButtons.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
@@ -376,23 +377,8 @@ void flushDeferred()
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-QToolButton *rowButton(SecondItem *row, int i) // capture, edit, delete, fourth
-{
-    QFrame *frame = row->findChild<QFrame *>(QStringLiteral("m_qfBtns"));
-    if (!frame || !frame->layout() || i >= frame->layout()->count())
-        return nullptr;
-    return qobject_cast<QToolButton *>(frame->layout()->itemAt(i)->widget());
-}
-
-QToolButton *rootButton(RootItem *root, const char *property)
-{
-    const auto buttons = root->findChildren<QToolButton *>();
-    for (QToolButton *b : buttons) {
-        if (b->property(property).toBool())
-            return b;
-    }
-    return nullptr;
-}
+using RowButtons::rootButton;
+using RowButtons::rowButton;
 
 // ------------------------------------------------------------- settings
 
