@@ -1,6 +1,7 @@
 // Tests of HandlerGuard: which objects count as busy, and how a widget
 // removed while busy leaves the screen at once and is freed afterwards.
 
+#include "EventSender.h"
 #include "HandlerGuard.h"
 
 #include <QCoreApplication>
@@ -13,13 +14,9 @@
 
 #include <memory>
 
-namespace {
+using EventSender::flushDeferredDeletes;
 
-void flushDeferredDeletes()
-{
-    for (int i = 0; i < 3; ++i)
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
+namespace {
 
 // window > outer > inner > leaf, and a sibling of outer.
 struct Tree

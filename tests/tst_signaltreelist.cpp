@@ -250,6 +250,7 @@ std::unique_ptr<Host> makeReentrantHost()
     return host;
 }
 
+using EventSender::flushDeferredDeletes;
 using RowButtons::rootButton;
 using RowButtons::rowButton;
 
@@ -264,12 +265,6 @@ void runInNestedLoop(const std::function<void()> &work)
         QTimer::singleShot(20, &loop, &QEventLoop::quit);
     });
     loop.exec();
-}
-
-void flushDeferredDeletes()
-{
-    for (int i = 0; i < 3; ++i)
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 // Connects @p onSignal to every signal of @p list that a user action can

@@ -370,13 +370,6 @@ void sendDragMouse(QWindow *window, QEvent::Type type, const QPoint &global)
     QCoreApplication::sendEvent(window, &ev);
 }
 
-// Deleted-later objects go now (also those whose deletion posts another).
-void flushDeferred()
-{
-    for (int i = 0; i < 4; ++i)
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 using RowButtons::rootButton;
 using RowButtons::rowButton;
 
@@ -643,7 +636,7 @@ void StressRun::destroyControl()
     m.drawers.clear();
     delete m_host.data();
     delete m_list.data(); // only when it outlived its host (never, as built)
-    flushDeferred();
+    EventSender::flushDeferredDeletes();
 }
 
 void StressRun::note(const QString &text)
@@ -1147,7 +1140,7 @@ void StressRun::recreateIfGone()
 void StressRun::uiOp(Op op)
 {
     QCoreApplication::processEvents();
-    flushDeferred();
+    EventSender::flushDeferredDeletes();
     const QList<QPair<int, int>> rows = visibleRows();
     const QList<int> roots = visibleRoots();
 
@@ -1756,7 +1749,7 @@ void StressRun::opDrag()
     // go of it, and a drawer released during its drag deletes itself.
     if (source && !source->isDragging())
         fail(QStringLiteral("the drawer forgot its drag before the drag object was gone"));
-    flushDeferred();
+    EventSender::flushDeferredDeletes();
     if (st.detached) {
         if (source)
             fail(QStringLiteral("a drawer released during its drag outlived the drag"));
@@ -1777,7 +1770,7 @@ QString StressRun::check(bool full)
 {
     if (full) {
         QCoreApplication::processEvents();
-        flushDeferred();
+        EventSender::flushDeferredDeletes();
     }
     if (!m_list || !m_frame || !m_container)
         return QStringLiteral("the control is gone");

@@ -24,4 +24,10 @@ void parkPointer()
     QCursor::setPos(QPoint(30000, 30000));
 }
 
+void flushDeferredDeletes()
+{
+    for (int i = 0; i < 4; ++i)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 } // namespace EventSender

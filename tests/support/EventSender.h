@@ -14,4 +14,8 @@ void sendLeave(QWidget *widget);
 // shown beneath it; the tests send their hover events themselves.
 void parkPointer();
 
+// Runs the deferred deletions now (also those that a deletion posts), as
+// the event loop would next.
+void flushDeferredDeletes();
+
 } // namespace EventSender
