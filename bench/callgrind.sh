@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Instruction counts (valgrind --tool=callgrind, Ir) of SignalTreeList's
 # operations: repeatable where timings on a shared machine are not. Used for
 # the before/after numbers of each optimisation in BENCHMARKS.md.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // signaltreelist_bench: SignalTreeList against Qt's own widgets holding the
 // same rows. One process runs one case:
 //

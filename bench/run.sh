@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Runs every benchmark case and writes the tables of BENCHMARKS.md.
 #
 #   bench/run.sh

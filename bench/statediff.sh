@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Checks that a change to the library is invisible to hosts: builds the
 # library at git revision REF (default HEAD) and as it is in the working
 # tree, runs bench/statedump against each, without and with the reference

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # The Qt the whole tree builds with, and the names that keep the two
 # flavours apart once installed side by side.
 #

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Runs the demo's --screenshot and checks its output.
 #
 #   cmake -DDEMO=... -DCHECKER=... -DOUTPUT=file.png -P check_screenshot.cmake

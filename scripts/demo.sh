@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Sets up a fresh Debian 12 machine, builds everything and runs the demo host.
 #
 #   scripts/demo.sh [--qt6] [DEMO ARGS...]

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Regenerates the pictures under docs/ from the demo host, headless:
 #
 #   docs/demo.png                          the whole demo window

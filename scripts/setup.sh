@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Sourced by the other scripts: installs what a fresh Debian 12 machine lacks.
 # Packages are installed with apt-get only when missing.
 

@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Installs the Qt 5 and the Qt 6 flavour into one prefix and builds and runs
 # one host program per flavour against it (find_package and pkg-config):
 # the two must not clash. Uses build/ and build-qt6/, building them when

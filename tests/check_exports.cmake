@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Fails when libsignaltreelist exports a symbol that belongs to neither
 # SignalTreeList nor st_NodeInfoSignal. Input: LIBRARY.
 find_program(NM nm REQUIRED)

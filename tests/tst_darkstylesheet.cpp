@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Tests of the reference dark style sheet, signaltreelist-dark.qss: it parses,
 // every picture it names is in the icon bundle, and once a host installs it
 // as the application style sheet the list's rows paint the dark palette in

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Autotest of DrawerControl: one root row with its container of child rows,
 // the selection path, expand and collapse, and drag and drop between drawers.
 //

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Tests of HandlerGuard: which objects count as busy, and how a widget
 // removed while busy leaves the screen at once and is freed afterwards.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The compiled icon bundle: every picture is reachable under its resource
 // path at its size, the storage flags are as the bundle promises, the
 // double-size names are spelled exactly, and the bundle is built in rcc's

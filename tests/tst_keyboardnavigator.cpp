@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Keyboard use of the list through real key events on the focus widget: the
 // tab order, the focus row and its look, moving (which never acts), and the
 // keys that do what a click does.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A row as assistive technology reads it: its full name, "offline" for an
 // offline signal, truthful states, and actions that do what the mouse does.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Tests of the exported widget as a host application uses it: construction,
 // initControls, forwarding, relayed signals, destruction, misuse, and a real
 // drag between two drawers. Runs on the "minimal" platform, whose in-process

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Model-based random-operation stress test of SignalTreeList.
 //
 // A seeded random sequence drives every public operation of the control,

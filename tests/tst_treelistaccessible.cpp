@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The list as assistive technology reads it through QAccessible: a tree
 // whose items are the visible root rows, holding their shown child rows,
 // with the keyboard focus row as its focus child.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Tests of the scrolling tree container and of the grouping that follows a
 // completed drag. Wherever a behaviour can be seen from the public widget,
 // it is driven through SignalTreeList and observed on the widgets it shows

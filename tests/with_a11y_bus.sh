@@ -1,4 +1,7 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Runs a test program where Qt's accessibility is live, so that the events
 # the library raises reach QAccessible's update handler: a private X server
 # (Xvfb), a private session bus and the accessibility bus that Qt's AT-SPI

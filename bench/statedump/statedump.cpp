@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // signaltreelist_statedump: drives a SignalTreeList through a fixed host
 // scenario and prints, after every step, everything a host could observe:
 // for every widget under the host window its class, object name, geometry,

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // The signaltreelist demo host: an operator's input panel around
 // SignalTreeList, with a live log of every signal it emits.
 //

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // Checks that a PNG is a real picture, not an empty or single-colour one.
 //
 //   signaltreelist_pngcheck FILE MIN_WIDTH MIN_HEIGHT MAX_SIDE MIN_COLOURS

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // A tiny host: fills the list from a map, clicks a child row, reads a record
 // back and loads a picture of the bundle. Exits non-zero on any mismatch.
 #include <SignalTreeList.h>

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
 # Installs the build tree into a scratch prefix, builds the consumer against
 # it with find_package() and with pkg-config, and runs both.
 # Inputs: BUILD_DIR, SOURCE_DIR, WORK_DIR, PACKAGE (signaltreelist or

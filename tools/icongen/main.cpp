@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
 // signaltreelist_icongen: draws every picture of the library's icon bundle.
 //
 // Usage: signaltreelist_icongen <resource-root> <contact-sheet.png>

@@ -1,0 +1,78 @@
+# SPDX-FileCopyrightText: 2026 The signaltreelist developers
+# SPDX-License-Identifier: BSD-3-Clause
+
+# Fails when a file of the tree names no licence: every file carries an SPDX
+# line near its top, or (pictures, catalogues, JSON, which take no comment
+# of their own) is covered by a path pattern of REUSE.toml. Every licence
+# named must have its text under LICENSES/. Input: SOURCE_DIR.
+cmake_minimum_required(VERSION 3.16)
+find_program(GIT git)
+if(GIT AND EXISTS "${SOURCE_DIR}/.git")
+    execute_process(COMMAND ${GIT} ls-files WORKING_DIRECTORY "${SOURCE_DIR}"
+                    OUTPUT_VARIABLE listing RESULT_VARIABLE rc)
+    if(NOT rc EQUAL 0)
+        message(FATAL_ERROR "git ls-files failed")
+    endif()
+    string(REPLACE "\n" ";" files "${listing}")
+else()
+    # A tarball without git: every file but build trees.
+    file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/*")
+    list(FILTER files EXCLUDE REGEX "^(build[^/]*|packages)/")
+endif()
+
+file(READ "${SOURCE_DIR}/REUSE.toml" reuse)
+set(annotated_patterns)
+string(REGEX MATCH "path = \\[([^]]*)\\]" _ "${reuse}")
+string(REGEX MATCHALL "\"[^\"]+\"" quoted "${CMAKE_MATCH_1}")
+foreach(q IN LISTS quoted)
+    string(REPLACE "\"" "" glob "${q}")
+    # REUSE globs: "**/" any folders, "*" any name part.
+    string(REPLACE "." "\\." re "${glob}")
+    string(REPLACE "**/" "@ANYDIR@" re "${re}")
+    string(REPLACE "*" "[^/]*" re "${re}")
+    string(REPLACE "@ANYDIR@" "(.*/)?" re "${re}")
+    list(APPEND annotated_patterns "^${re}$")
+endforeach()
+
+set(missing)
+set(named_licences)
+foreach(f IN LISTS files)
+    if(f STREQUAL "" OR f MATCHES "^LICENSES/")
+        continue()
+    endif()
+    set(covered FALSE)
+    foreach(re IN LISTS annotated_patterns)
+        if(f MATCHES "${re}")
+            set(covered TRUE)
+        endif()
+    endforeach()
+    if(covered)
+        continue()
+    endif()
+    file(STRINGS "${SOURCE_DIR}/${f}" head LIMIT_COUNT 6)
+    string(REGEX MATCH "SPDX-License-Identifier: ([A-Za-z0-9.+-]+)" _ "${head}")
+    if(CMAKE_MATCH_1 STREQUAL "")
+        list(APPEND missing "${f}")
+    else()
+        list(APPEND named_licences "${CMAKE_MATCH_1}")
+    endif()
+endforeach()
+
+string(REGEX MATCHALL "SPDX-License-Identifier = \"([^\"]+)\"" toml_ids "${reuse}")
+foreach(id IN LISTS toml_ids)
+    string(REGEX REPLACE ".*\"([^\"]+)\"" "\\1" id "${id}")
+    list(APPEND named_licences "${id}")
+endforeach()
+list(REMOVE_DUPLICATES named_licences)
+foreach(id IN LISTS named_licences)
+    if(NOT EXISTS "${SOURCE_DIR}/LICENSES/${id}.txt")
+        message(SEND_ERROR "licence ${id} is named but LICENSES/${id}.txt is missing")
+    endif()
+endforeach()
+
+list(LENGTH files total)
+if(missing)
+    string(REPLACE ";" "\n  " shown "${missing}")
+    message(FATAL_ERROR "files without an SPDX licence line:\n  ${shown}")
+endif()
+message(STATUS "${total} files checked; licences named: ${named_licences}")
