@@ -27,6 +27,14 @@ else()
     message(FATAL_ERROR "QT_MAJOR_VERSION must be 5 or 6, not '${QT_MAJOR_VERSION}'")
 endif()
 set(SIGNALTREELIST_PACKAGE signaltreelist${SIGNALTREELIST_FLAVOUR})
+# Debian package names of the flavour: the runtime one after the SONAME
+# (a hyphen before the version where the name ends in a digit), then -dev.
+if(SIGNALTREELIST_PACKAGE MATCHES "[0-9]$")
+    set(SIGNALTREELIST_RUNTIME_PACKAGE lib${SIGNALTREELIST_PACKAGE}-1)
+else()
+    set(SIGNALTREELIST_RUNTIME_PACKAGE lib${SIGNALTREELIST_PACKAGE}1)
+endif()
+set(SIGNALTREELIST_DEV_PACKAGE lib${SIGNALTREELIST_PACKAGE}-dev)
 
 # signaltreelist_find_qt(COMPONENT...): the components of the chosen Qt.
 macro(signaltreelist_find_qt)
@@ -43,4 +51,15 @@ function(signaltreelist_add_resources out qrc)
         qt6_add_resources(sources ${qrc} OPTIONS --format-version 2)
     endif()
     set(${out} ${sources} PARENT_SCOPE)
+endfunction()
+
+# signaltreelist_add_translations(<out> <ts>...): compiles the Qt Linguist
+# sources with lrelease and returns the .qm files in <out>.
+function(signaltreelist_add_translations out)
+    if(SIGNALTREELIST_QT STREQUAL "Qt5")
+        qt5_add_translation(qm_files ${ARGN})
+    else()
+        qt6_add_translation(qm_files ${ARGN})
+    endif()
+    set(${out} ${qm_files} PARENT_SCOPE)
 endfunction()

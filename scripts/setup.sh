@@ -28,9 +28,10 @@ ensure_packages() {
 # ensure_build_packages [5|6]: the tool chain, Qt 5 (default) or Qt 6, and a
 # font for headless rendering.
 ensure_build_packages() {
-    local qt=(qtbase5-dev qtbase5-dev-tools)
+    # Linguist tools: lrelease builds the catalogues into the library.
+    local qt=(qtbase5-dev qtbase5-dev-tools qttools5-dev qttools5-dev-tools)
     if [ "${1:-5}" = 6 ]; then
-        qt=(qt6-base-dev qt6-base-dev-tools)
+        qt=(qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-l10n-tools)
     fi
     ensure_packages cmake ninja-build g++ pkg-config binutils "${qt[@]}" fonts-dejavu-core
 }

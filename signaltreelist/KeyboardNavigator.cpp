@@ -186,6 +186,18 @@ bool KeyboardNavigator::setExpanded(QWidget *root, bool expand)
     return true;
 }
 
+QToolButton *KeyboardNavigator::offeredButton(const QWidget *row, bool edit)
+{
+    if (auto *root = qobject_cast<const RootItem *>(row)) {
+        if (edit ? root->showsEditButton() : root->showsDeleteButton())
+            return edit ? root->editButton() : root->deleteButton();
+    } else if (auto *child = qobject_cast<const SecondItem *>(row)) {
+        if (edit ? child->showsEditButton() : child->showsDeleteButton())
+            return edit ? child->editButton() : child->deleteButton();
+    }
+    return nullptr;
+}
+
 QWidget *KeyboardNavigator::rowAt(QObject *object) const
 {
     for (QObject *o = object; o && o != m_pFrame; o = o->parent()) {
@@ -291,17 +303,8 @@ bool KeyboardNavigator::handleKey(QKeyEvent *event)
         return true;
     case Qt::Key_F2:
     case Qt::Key_Delete: {
-        const bool edit = event->key() == Qt::Key_F2;
-        QToolButton *button = nullptr;
-        bool shown = false;
-        if (auto *root = qobject_cast<RootItem *>(row)) {
-            button = edit ? root->editButton() : root->deleteButton();
-            shown = edit ? root->showsEditButton() : root->showsDeleteButton();
-        } else if (auto *child = qobject_cast<SecondItem *>(row)) {
-            button = edit ? child->editButton() : child->deleteButton();
-            shown = edit ? child->showsEditButton() : child->showsDeleteButton();
-        }
-        if (!button || !shown)
+        QToolButton *button = offeredButton(row, event->key() == Qt::Key_F2);
+        if (!button)
             return false;
         m_pLastSelected = row;
         button->click();

@@ -13,6 +13,7 @@
 class DrawerControl;
 class QKeyEvent;
 class QScrollArea;
+class QToolButton;
 class QWidget;
 class TreeListFrame;
 
@@ -56,6 +57,9 @@ public:
     static bool setExpanded(QWidget *root, bool expand);
     /// Whether @p root (a root row) shows its children.
     static bool isExpanded(const QWidget *root);
+    /// The edit (@p edit true) or delete button of @p row when the row
+    /// offers it (its flags show it on hover); null otherwise.
+    static QToolButton *offeredButton(const QWidget *row, bool edit);
 
     /// The drawer that holds @p row, and the list frame that holds @p widget;
     /// null when there is none.

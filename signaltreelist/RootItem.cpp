@@ -4,6 +4,7 @@
 #include "RootItem.h"
 
 #include "LayoutInstall.h"
+#include "RowAccessible.h"
 #include "StyleConstants.h"
 
 #include <QCheckBox>
@@ -129,6 +130,7 @@ void RootItem::initItem(int itemType, int itemIndex)
     m_qlUpper->setProperty("isUpOnline", false);
 
     m_qlMainProperty->hide();
+    RootItem::reTranslateUI();
 }
 
 void RootItem::setItemType(int itemType)
@@ -263,6 +265,8 @@ void RootItem::setSelected(bool bIsSelected)
 
 void RootItem::reTranslateUI()
 {
+    // Only what assistive technology reads: the row shows no text of its own.
+    RowAccessible::retranslate(this, {m_pEditBtn, m_pDeleteBtn, m_pExpandBox});
 }
 
 void RootItem::slot_OnCheckBoxClicked(bool bIsShow)

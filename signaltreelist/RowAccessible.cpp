@@ -9,7 +9,9 @@
 #include "SecondItem.h"
 #include "TreeListFrame.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
+#include <QToolButton>
 
 RowAccessible::RowAccessible(QWidget *row)
     : QAccessibleWidget(row, QAccessible::TreeItem)
@@ -24,6 +26,48 @@ QString RowAccessible::expandAction()
 QString RowAccessible::collapseAction()
 {
     return QStringLiteral("collapse");
+}
+
+QString RowAccessible::editAction()
+{
+    return QStringLiteral("edit");
+}
+
+QString RowAccessible::deleteAction()
+{
+    return QStringLiteral("delete");
+}
+
+QString RowAccessible::editButtonName()
+{
+    return QCoreApplication::translate("SignalTreeList", "Edit", "button of a row: edit the signal or group");
+}
+
+QString RowAccessible::deleteButtonName()
+{
+    return QCoreApplication::translate("SignalTreeList", "Delete", "button of a row: delete the signal or group");
+}
+
+void RowAccessible::retranslate(QWidget *row, const QList<QWidget *> &buttons)
+{
+    // Edit, delete, then the root row's expand box or the child row's
+    // capture button.
+    const QString names[] = {
+        editButtonName(),
+        deleteButtonName(),
+        qobject_cast<RootItem *>(row)
+            ? QCoreApplication::translate("SignalTreeList", "Show signals", "check box of a group row: show or hide its signals")
+            : QCoreApplication::translate("SignalTreeList", "Capture", "button of a signal row: capture a picture of the signal"),
+    };
+    for (int i = 0; i < buttons.size() && i < 3; ++i) {
+        if (buttons.at(i))
+            buttons.at(i)->setAccessibleName(names[i]);
+    }
+    // The description ("offline") is read in the new language from now on.
+    if (row && QAccessible::isActive()) {
+        QAccessibleEvent event(row, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 bool RowAccessible::isRoot() const
@@ -124,6 +168,10 @@ QStringList RowAccessible::actionNames() const
     QStringList names{pressAction()};
     if (isRoot() && widget())
         names << (KeyboardNavigator::isExpanded(widget()) ? collapseAction() : expandAction());
+    if (KeyboardNavigator::offeredButton(widget(), true))
+        names << editAction();
+    if (KeyboardNavigator::offeredButton(widget(), false))
+        names << deleteAction();
     return names;
 }
 
@@ -133,6 +181,10 @@ QString RowAccessible::localizedActionName(const QString &name) const
         return QCoreApplication::translate("SignalTreeList", "Expand", "accessible action: show a group's signals");
     if (name == collapseAction())
         return QCoreApplication::translate("SignalTreeList", "Collapse", "accessible action: hide a group's signals");
+    if (name == editAction())
+        return editButtonName();
+    if (name == deleteAction())
+        return deleteButtonName();
     return QAccessibleWidget::localizedActionName(name);
 }
 
@@ -144,6 +196,10 @@ QString RowAccessible::localizedActionDescription(const QString &name) const
         return QCoreApplication::translate("SignalTreeList", "Shows the signals of this group");
     if (name == collapseAction())
         return QCoreApplication::translate("SignalTreeList", "Hides the signals of this group");
+    if (name == editAction())
+        return QCoreApplication::translate("SignalTreeList", "Asks the application to edit this row, as its edit button does");
+    if (name == deleteAction())
+        return QCoreApplication::translate("SignalTreeList", "Asks the application to delete this row, as its delete button does");
     return QAccessibleWidget::localizedActionDescription(name);
 }
 
@@ -158,6 +214,10 @@ void RowAccessible::doAction(const QString &name)
         KeyboardNavigator::setExpanded(row, true);
     else if (name == collapseAction())
         KeyboardNavigator::setExpanded(row, false);
+    else if (name == editAction() || name == deleteAction()) {
+        if (QToolButton *button = KeyboardNavigator::offeredButton(row, name == editAction()))
+            button->click();
+    }
 }
 
 QStringList RowAccessible::keyBindingsForAction(const QString &name) const
@@ -168,5 +228,9 @@ QStringList RowAccessible::keyBindingsForAction(const QString &name) const
         return {QStringLiteral("Right")};
     if (name == collapseAction())
         return {QStringLiteral("Left")};
+    if (name == editAction())
+        return {QStringLiteral("F2")};
+    if (name == deleteAction())
+        return {QStringLiteral("Delete")};
     return {};
 }

@@ -16,7 +16,9 @@ class DrawerControl;
  * "offline" in the description of an offline signal, truthful selected,
  * focused, expandable, expanded and collapsed states, and the actions of
  * the mouse: press (a click on the row), expand and collapse (a click on
- * the root row's expand box).
+ * the root row's expand box), edit and delete (a click on the button the
+ * row offers). Every text goes through the "SignalTreeList" translation
+ * context.
  */
 // QAccessibleWidget brings the action interface; the actions are overridden.
 class RowAccessible : public QAccessibleWidget
@@ -26,6 +28,14 @@ public:
 
     static QString expandAction();
     static QString collapseAction();
+    static QString editAction();
+    static QString deleteAction();
+
+    /// Gives @p row's buttons (edit, delete, then the root row's expand box
+    /// or the child row's capture button) their accessible names in the
+    /// current language and tells assistive technology that the row's
+    /// description changed; the rows call it from reTranslateUI.
+    static void retranslate(QWidget *row, const QList<QWidget *> &buttons);
 
     QString text(QAccessible::Text t) const override;
     QAccessible::State state() const override;
@@ -41,6 +51,8 @@ public:
     QStringList keyBindingsForAction(const QString &name) const override;
 
 private:
+    static QString editButtonName();
+    static QString deleteButtonName();
     bool isRoot() const;
     DrawerControl *drawer() const;
     QList<QWidget *> shownChildren() const;

@@ -5,6 +5,7 @@
 
 #include "HandlerGuard.h"
 #include "LayoutInstall.h"
+#include "RowAccessible.h"
 #include "StyleConstants.h"
 
 #include <QDebug>
@@ -246,6 +247,7 @@ void SecondItem::initItem(int rootIndex, int childIndex)
 
     m_qlUpper->setProperty("isTarn", true);
     m_qlUpper->setProperty("isUpOnline", true);
+    SecondItem::reTranslateUI();
 }
 
 // Widths of the two lines' texts, remembered for the length of one
@@ -385,6 +387,8 @@ void SecondItem::setTipShow(bool bIsShow)
 
 void SecondItem::reTranslateUI()
 {
+    // Only what assistive technology reads: the row shows no text of its own.
+    RowAccessible::retranslate(this, {m_pEditBtn, m_pDeleteBtn, m_pCaptureBtn});
 }
 
 // The host may remove this row from its slot for the first signal; the

@@ -7,6 +7,7 @@
 #include "QtCompat.h"
 #include "SignalTreeList_p.h"
 #include "StyleConstants.h"
+#include "Translations.h"
 #include "TreeListFrame.h"
 
 #include <QHBoxLayout>
@@ -138,6 +139,11 @@ void SignalTreeList::reTranslateUI()
 {
     if (m_pData && m_pData->pTreeListFrame)
         m_pData->pTreeListFrame->reTranslateUI();
+}
+
+bool SignalTreeList::installTranslations(const QLocale &locale)
+{
+    return Translations::install(locale);
 }
 
 void SignalTreeList::setCurSelItem(QList<int> path)

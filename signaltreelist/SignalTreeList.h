@@ -10,6 +10,7 @@
 #include <CLanguageTranslateFrame.h>
 
 #include <QList>
+#include <QLocale>
 #include <QMap>
 #include <QString>
 #include <utility>
@@ -93,6 +94,17 @@ public:
     void modifyItemData(QList<int> path, st_NodeInfoSignal &node);
     /// Passes a language change on to every row.
     void reTranslateUI() override;
+    /// Translates the texts the list itself hands out (to assistive
+    /// technology: the list's name, "offline", the names of the rows'
+    /// actions and buttons) into @p locale's language, from catalogues
+    /// built into the library (German and French so far). Replaces the
+    /// catalogue a previous call installed; a language without one (English
+    /// among them) falls back to English. Returns whether a catalogue is
+    /// installed. Every open list follows at once: the application sends
+    /// QEvent::LanguageChange and each row runs reTranslateUI(). The
+    /// host's own texts (row names, group names) are never translated.
+    /// Needs the application object; without one it does nothing.
+    static bool installTranslations(const QLocale &locale = QLocale());
     /// [root] selects that root row, which expands it, and deselects and
     /// collapses every root row above it (those below stay as they are); a
     /// root index past the end collapses them all and selects none.

@@ -49,8 +49,12 @@ struct SIGNALTREELIST_EXPORT st_NodeInfoSignal
     /// Empty names and lists, an empty (not null) source name, every number
     /// and flag zero or false.
     st_NodeInfoSignal();
+    /// A copy of every field of @p other.
     st_NodeInfoSignal(const st_NodeInfoSignal &other);
+    /// Copies every field of @p other, in declaration order; assigning a
+    /// record to itself leaves it unchanged.
     st_NodeInfoSignal &operator=(const st_NodeInfoSignal &other);
+    /// Frees the name and flag lists.
     ~st_NodeInfoSignal();
 
     /**

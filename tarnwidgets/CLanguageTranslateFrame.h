@@ -24,7 +24,10 @@ class TARNWIDGETS_EXPORT CLanguageTranslateFrame : public QFrame
 {
     Q_OBJECT
 public:
+    /// A frame inside @p parent; it starts watching the top-level window
+    /// that holds it (again whenever it is re-parented or shown).
     explicit CLanguageTranslateFrame(QWidget *parent = nullptr);
+    /// Stops watching the top-level window.
     ~CLanguageTranslateFrame() override;
 
     /// Re-applies every translated text. The base does nothing.
@@ -35,7 +38,11 @@ protected:
     /// (for instance a different DPI). The base does nothing.
     virtual void screenChangedEvent(QScreen *screen);
 
+    /// Calls reTranslateUI() on QEvent::LanguageChange, then passes
+    /// @p event on to QFrame. Subclasses that override it call this one.
     void changeEvent(QEvent *event) override;
+    /// Re-watches the top-level window when the frame is shown, re-parented
+    /// or gets a native window, then passes @p event on to QFrame.
     bool event(QEvent *event) override;
 
 private:

@@ -24,6 +24,7 @@ public:
     /// @p bShowArrows: true keeps the two arrow buttons, false leaves a bare
     /// track with its handle. A null @p pScrollBar makes every call a no-op.
     ScrollBarEx(QScrollBar *pScrollBar, bool bShowArrows);
+    /// Leaves the scroll bar and its look as they are.
     virtual ~ScrollBarEx();
 
     ScrollBarEx(const ScrollBarEx &) = delete;

@@ -8,6 +8,7 @@
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "HostRecorder.h"
+#include "RowButtons.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
@@ -15,6 +16,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QToolButton>
 #include <QLabel>
 #include <QtTest>
 
@@ -36,6 +38,12 @@ private slots:
     void pressActionDoesWhatAClickDoes_data();
     void pressActionDoesWhatAClickDoes();
     void expandAndCollapseActionsUseTheExpandBox();
+    void editAndDeleteActionsClickTheOfferedButton_data();
+    void editAndDeleteActionsClickTheOfferedButton();
+    void rowWithoutButtonsOffersNoEditOrDelete();
+
+private:
+    static void offerButtons(const AccessibleHost &host);
 };
 
 void tst_RowAccessible::nameIsTheFullText_data()
@@ -173,6 +181,81 @@ void tst_RowAccessible::expandAndCollapseActionsUseTheExpandBox()
     QCOMPARE(shown.count(), 2);
     QCOMPARE(shown.at(1).at(0).toBool(), false);
     QCOMPARE(iface->childCount(), 0);
+}
+
+// Root 0 and child 1 (under every root) show their edit and delete
+// buttons on hover.
+void tst_RowAccessible::offerButtons(const AccessibleHost &host)
+{
+    st_NodeInfoSignal root = host.drawer(0)->rootItem()->getNodeInfo();
+    root.showOpBtn = {true, true};
+    host.list->modifyItemData(QList<int>{0}, root);
+    st_NodeInfoSignal child = host.drawer(0)->secondItems().at(1)->getNodeInfo();
+    child.showOpBtn = {true, true, true};
+    host.list->modifyItemData(QList<int>{0, 1}, child);
+}
+
+void tst_RowAccessible::editAndDeleteActionsClickTheOfferedButton_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<bool>("edit");
+    QTest::newRow("root edit") << "R0" << true;
+    QTest::newRow("root delete") << "R0" << false;
+    QTest::newRow("child edit") << "R0-1" << true;
+    QTest::newRow("child delete") << "R0-1" << false;
+}
+
+// The action raises exactly what a mouse click on the button raises, on a
+// list of its own.
+void tst_RowAccessible::editAndDeleteActionsClickTheOfferedButton()
+{
+    QFETCH(QString, row);
+    QFETCH(bool, edit);
+    const QString action = edit ? QStringLiteral("edit") : QStringLiteral("delete");
+
+    auto byAction = AccessibleHost::make();
+    QVERIFY(byAction);
+    offerButtons(*byAction);
+    QAccessibleInterface *iface = byAction->row(row);
+    QVERIFY(iface);
+    QVERIFY(iface->actionInterface()->actionNames().contains(action));
+    QVERIFY(!iface->actionInterface()->localizedActionName(action).isEmpty());
+    HostRecorder viaAction(byAction->list);
+    iface->actionInterface()->doAction(action);
+
+    auto byMouse = AccessibleHost::make();
+    QVERIFY(byMouse);
+    offerButtons(*byMouse);
+    HostRecorder viaMouse(byMouse->list);
+    QWidget *target = qobject_cast<QWidget *>(byMouse->row(row)->object());
+    QToolButton *button = nullptr;
+    if (auto *root = qobject_cast<RootItem *>(target))
+        button = edit ? root->editButton() : root->deleteButton();
+    else if (auto *child = qobject_cast<SecondItem *>(target))
+        button = edit ? child->editButton() : child->deleteButton();
+    QVERIFY(button);
+    EventSender::sendEnter(target);
+    QTRY_VERIFY(button->isVisible());
+    QTest::mouseClick(button, Qt::LeftButton);
+
+    QVERIFY(!viaMouse.events.isEmpty());
+    QCOMPARE(viaAction.events, viaMouse.events);
+}
+
+void tst_RowAccessible::rowWithoutButtonsOffersNoEditOrDelete()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    offerButtons(*host);
+    HostRecorder recorder(host->list);
+    for (const QString &row : {QStringLiteral("R1"), QStringLiteral("R0-0")}) {
+        QAccessibleActionInterface *actions = host->row(row)->actionInterface();
+        QVERIFY(!actions->actionNames().contains(QStringLiteral("edit")));
+        QVERIFY(!actions->actionNames().contains(QStringLiteral("delete")));
+        actions->doAction(QStringLiteral("edit"));
+        actions->doAction(QStringLiteral("delete"));
+    }
+    QCOMPARE(recorder.events, QStringList());
 }
 
 QTEST_MAIN(tst_RowAccessible)
