@@ -65,8 +65,8 @@ int main(int argc, char **argv)
     if (rows.size() != 3)
         return fail("expected three child rows under Board 2");
     QWidget *third = rows.at(2);
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(third->mapToGlobal(QPoint(5, 5))),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(third, &press);
     if (clicked != QList<int>({ 1, 2 }))
         return fail("clicking the third child of root 1 did not report [1, 2]");
@@ -74,6 +74,12 @@ int main(int argc, char **argv)
     const std::pair<bool, st_NodeInfoSignal> root = list.getItemSignalNode({ 0 });
     if (!root.first || root.second.strNodeName != QStringList(QStringLiteral("Board 1")))
         return fail("getItemSignalNode([0]) did not return Board 1");
+
+    // The catalogues travel inside the library: no file to ship.
+    if (!SignalTreeList::installTranslations(QLocale(QLocale::German)))
+        return fail("the German catalogue is not in the library");
+    if (SignalTreeList::installTranslations(QLocale(QLocale::English)))
+        return fail("English must fall back to the built-in texts");
 
     std::printf("consumer: ok\n");
     return 0;
