@@ -177,6 +177,10 @@ QStringList RowAccessible::actionNames() const
 
 QString RowAccessible::localizedActionName(const QString &name) const
 {
+    // Qt's own name for press would need Qt's catalogue as well: the list
+    // names all of its actions itself.
+    if (name == pressAction())
+        return QCoreApplication::translate("SignalTreeList", "Press", "accessible action: select the row, as a click does");
     if (name == expandAction())
         return QCoreApplication::translate("SignalTreeList", "Expand", "accessible action: show a group's signals");
     if (name == collapseAction())
@@ -191,15 +195,15 @@ QString RowAccessible::localizedActionName(const QString &name) const
 QString RowAccessible::localizedActionDescription(const QString &name) const
 {
     if (name == pressAction())
-        return QCoreApplication::translate("SignalTreeList", "Selects the row, as a click does");
+        return QCoreApplication::translate("SignalTreeList", "Selects the row, as a click does", "accessible action description: press");
     if (name == expandAction())
-        return QCoreApplication::translate("SignalTreeList", "Shows the signals of this group");
+        return QCoreApplication::translate("SignalTreeList", "Shows the signals of this group", "accessible action description: expand");
     if (name == collapseAction())
-        return QCoreApplication::translate("SignalTreeList", "Hides the signals of this group");
+        return QCoreApplication::translate("SignalTreeList", "Hides the signals of this group", "accessible action description: collapse");
     if (name == editAction())
-        return QCoreApplication::translate("SignalTreeList", "Asks the application to edit this row, as its edit button does");
+        return QCoreApplication::translate("SignalTreeList", "Asks the application to edit this row, as its edit button does", "accessible action description: edit");
     if (name == deleteAction())
-        return QCoreApplication::translate("SignalTreeList", "Asks the application to delete this row, as its delete button does");
+        return QCoreApplication::translate("SignalTreeList", "Asks the application to delete this row, as its delete button does", "accessible action description: delete");
     return QAccessibleWidget::localizedActionDescription(name);
 }
 

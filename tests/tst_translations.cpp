@@ -40,6 +40,7 @@ struct HandedTexts
         SecondItem *child = host.drawer(0)->secondItems().at(0);
         r.texts[QStringLiteral("list name")] = host.tree()->text(QAccessible::Name);
         r.texts[QStringLiteral("offline")] = offline->text(QAccessible::Description);
+        r.texts[QStringLiteral("press action")] = actions->localizedActionName(QAccessibleActionInterface::pressAction());
         r.texts[QStringLiteral("expand action")] = actions->localizedActionName(QStringLiteral("expand"));
         r.texts[QStringLiteral("expand description")] = actions->localizedActionDescription(QStringLiteral("expand"));
         r.texts[QStringLiteral("expand box")] = rootRow->expandBox()->accessibleName();

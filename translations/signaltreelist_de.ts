@@ -39,29 +39,39 @@
         <translation>Zuklappen</translation>
     </message>
     <message>
+        <source>Input signals</source>
+        <comment>accessible name of the list</comment>
+        <translation>Eingangssignale</translation>
+    </message>
+    <message>
+        <source>Press</source>
+        <comment>accessible action: select the row, as a click does</comment>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
         <source>Selects the row, as a click does</source>
+        <comment>accessible action description: press</comment>
         <translation>Wählt die Zeile aus, wie ein Klick</translation>
     </message>
     <message>
         <source>Shows the signals of this group</source>
+        <comment>accessible action description: expand</comment>
         <translation>Zeigt die Signale dieser Gruppe</translation>
     </message>
     <message>
         <source>Hides the signals of this group</source>
+        <comment>accessible action description: collapse</comment>
         <translation>Verbirgt die Signale dieser Gruppe</translation>
     </message>
     <message>
         <source>Asks the application to edit this row, as its edit button does</source>
+        <comment>accessible action description: edit</comment>
         <translation>Bittet die Anwendung, diese Zeile zu bearbeiten, wie ihre Schaltfläche „Bearbeiten“</translation>
     </message>
     <message>
         <source>Asks the application to delete this row, as its delete button does</source>
+        <comment>accessible action description: delete</comment>
         <translation>Bittet die Anwendung, diese Zeile zu löschen, wie ihre Schaltfläche „Löschen“</translation>
-    </message>
-    <message>
-        <source>Input signals</source>
-        <comment>accessible name of the list</comment>
-        <translation>Eingangssignale</translation>
     </message>
 </context>
 </TS>

@@ -39,29 +39,39 @@
         <translation>Replier</translation>
     </message>
     <message>
+        <source>Input signals</source>
+        <comment>accessible name of the list</comment>
+        <translation>Signaux d’entrée</translation>
+    </message>
+    <message>
+        <source>Press</source>
+        <comment>accessible action: select the row, as a click does</comment>
+        <translation>Sélectionner</translation>
+    </message>
+    <message>
         <source>Selects the row, as a click does</source>
+        <comment>accessible action description: press</comment>
         <translation>Sélectionne la ligne, comme un clic</translation>
     </message>
     <message>
         <source>Shows the signals of this group</source>
+        <comment>accessible action description: expand</comment>
         <translation>Affiche les signaux de ce groupe</translation>
     </message>
     <message>
         <source>Hides the signals of this group</source>
+        <comment>accessible action description: collapse</comment>
         <translation>Masque les signaux de ce groupe</translation>
     </message>
     <message>
         <source>Asks the application to edit this row, as its edit button does</source>
+        <comment>accessible action description: edit</comment>
         <translation>Demande à l’application de modifier cette ligne, comme son bouton « Modifier »</translation>
     </message>
     <message>
         <source>Asks the application to delete this row, as its delete button does</source>
+        <comment>accessible action description: delete</comment>
         <translation>Demande à l’application de supprimer cette ligne, comme son bouton « Supprimer »</translation>
-    </message>
-    <message>
-        <source>Input signals</source>
-        <comment>accessible name of the list</comment>
-        <translation>Signaux d’entrée</translation>
     </message>
 </context>
 </TS>
