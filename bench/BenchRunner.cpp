@@ -11,6 +11,7 @@
 #include "TreeWidgetSubject.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextStream>
@@ -156,6 +157,35 @@ Q_NEVER_INLINE qint64 BenchRunner::opCollapseExpand(BenchSubject &subject)
     return now() - t0;
 }
 
+Q_NEVER_INLINE qint64 BenchRunner::opFirstPaintCollapsed(BenchSubject &subject)
+{
+    const qint64 t0 = now();
+    subject.createEmpty();
+    subject.fillBulk(m_content);
+    subject.showAndExpose();
+    subject.window()->repaint();
+    BenchSubject::drainEvents();
+    return now() - t0;
+}
+
+Q_NEVER_INLINE qint64 BenchRunner::opExpand(BenchSubject &subject, int root)
+{
+    const qint64 t0 = now();
+    subject.setExpanded(root, true);
+    BenchSubject::drainEvents();
+    subject.window()->repaint();
+    return now() - t0;
+}
+
+Q_NEVER_INLINE qint64 BenchRunner::opExpandAll(BenchSubject &subject)
+{
+    const qint64 t0 = now();
+    subject.setAllExpanded(true);
+    BenchSubject::drainEvents();
+    subject.window()->repaint();
+    return now() - t0;
+}
+
 Q_NEVER_INLINE qint64 BenchRunner::opUpdateFromMap(BenchSubject &subject)
 {
     subject.createEmpty();
@@ -276,6 +306,44 @@ void BenchRunner::printResults()
         }
     }
     m_out.flush();
+}
+
+namespace {
+
+// The resident set now (VmRSS of /proc/self/status), in kB; -1 if unknown.
+long residentKiB()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toLong();
+    }
+    return -1;
+}
+
+} // namespace
+
+void BenchRunner::runRoom(const QString &subjectKey, int reps)
+{
+    m_subjects = QStringList{subjectKey};
+    const int middle = m_content.roots() / 2;
+    for (int rep = 0; rep < reps; ++rep) {
+        std::unique_ptr<BenchSubject> subject = createSubject(subjectKey);
+        if (!subject)
+            return;
+        record(subjectKey, QStringLiteral("room-first-paint"), opFirstPaintCollapsed(*subject));
+        if (rep == 0) {
+            m_out << "ROOMRSS\t" << m_content.sizeText() << '\t' << m_style << '\t' << subjectKey << '\t'
+                  << residentKiB() << '\n';
+        }
+        record(subjectKey, QStringLiteral("room-expand-one"), opExpand(*subject, middle));
+        record(subjectKey, QStringLiteral("room-expand-all"), opExpandAll(*subject));
+        subject.reset();
+        BenchSubject::drainEvents();
+    }
+    printResults();
 }
 
 void BenchRunner::runMemory(const QString &subjectKey)

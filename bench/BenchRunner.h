@@ -48,6 +48,13 @@ public:
 
     /// @p reps repetitions of every selected operation on every design.
     void runTiming(int reps);
+    /// The large control room: every group collapsed, as a list starts
+    /// them. Per repetition, on a fresh design: the first paint (fill, show,
+    /// painted; "room-first-paint"), expanding the middle group to painted
+    /// ("room-expand-one") and then every group ("room-expand-all"). Also
+    /// prints the resident set right after the first repetition's first
+    /// paint ("ROOMRSS", kB): run one process per design and look.
+    void runRoom(const QString &subjectKey, int reps);
     /// Builds, shows and scrolls through one design, then prints the peak
     /// resident set size of the process (one process per case).
     void runMemory(const QString &subjectKey);
@@ -58,6 +65,9 @@ public:
     qint64 opScroll(BenchSubject &subject, int *steps);
     qint64 opClick(BenchSubject &subject, int child, qint64 *toSignal);
     qint64 opCollapseExpand(BenchSubject &subject);
+    qint64 opFirstPaintCollapsed(BenchSubject &subject);
+    qint64 opExpand(BenchSubject &subject, int root);
+    qint64 opExpandAll(BenchSubject &subject);
     qint64 opUpdateFromMap(BenchSubject &subject);
     qint64 opAddOneByOne(BenchSubject &subject);
 

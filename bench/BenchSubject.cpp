@@ -39,6 +39,13 @@ BenchSubject::~BenchSubject()
     destroyWindow();
 }
 
+void BenchSubject::setAllExpanded(bool expanded)
+{
+    const int groups = groupCount();
+    for (int r = 0; r < groups; ++r)
+        setExpanded(r, expanded);
+}
+
 void BenchSubject::destroyWindow()
 {
     delete m_pWindow;

@@ -44,8 +44,12 @@ public:
     virtual void fillBulk(const BenchContent &content) = 0;
     /// Adds the root rows one by one, each with its children.
     virtual void fillOneByOne(const BenchContent &content) = 0;
-    /// Expands (true) or collapses (false) every group, one call per group.
-    virtual void setAllExpanded(bool expanded) = 0;
+    /// Expands (true) or collapses (false) group @p root.
+    virtual void setExpanded(int root, bool expanded) = 0;
+    /// How many groups (root rows) the design holds.
+    virtual int groupCount() const = 0;
+    /// Expands or collapses every group, one call per group.
+    void setAllExpanded(bool expanded);
     virtual QScrollBar *scrollBar() const = 0;
     /// The widget to repaint after each scroll step.
     virtual QWidget *scrollViewport() const = 0;

@@ -58,16 +58,19 @@ void FloorSubject::fillOneByOne(const BenchContent &content)
     fillBulk(content);
 }
 
-void FloorSubject::setAllExpanded(bool expanded)
+void FloorSubject::setExpanded(int root, bool expanded)
 {
-    for (const QList<BenchRowWidget *> &rows : qAsConst(m_groups)) {
-        for (BenchRowWidget *row : rows) {
-            // Rows that already are as asked are left alone, as a design
-            // with per-group state would.
-            if (row->isHidden() == expanded)
-                row->setVisible(expanded);
-        }
+    for (BenchRowWidget *row : m_groups.value(root)) {
+        // Rows that already are as asked are left alone, as a design with
+        // per-group state would.
+        if (row->isHidden() == expanded)
+            row->setVisible(expanded);
     }
+}
+
+int FloorSubject::groupCount() const
+{
+    return m_groups.size();
 }
 
 QScrollBar *FloorSubject::scrollBar() const

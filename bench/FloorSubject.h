@@ -38,7 +38,8 @@ public:
     void createEmpty() override;
     void fillBulk(const BenchContent &content) override;
     void fillOneByOne(const BenchContent &content) override;
-    void setAllExpanded(bool expanded) override;
+    void setExpanded(int root, bool expanded) override;
+    int groupCount() const override;
     QScrollBar *scrollBar() const override;
     QWidget *scrollViewport() const override;
     ClickTarget revealRow(int root, int child) override;

@@ -67,10 +67,15 @@ void ItemWidgetTreeSubject::fillOneByOne(const BenchContent &content)
     }
 }
 
-void ItemWidgetTreeSubject::setAllExpanded(bool expanded)
+void ItemWidgetTreeSubject::setExpanded(int root, bool expanded)
 {
-    for (int r = 0; r < m_pTree->topLevelItemCount(); ++r)
-        m_pTree->topLevelItem(r)->setExpanded(expanded);
+    if (QTreeWidgetItem *item = m_pTree->topLevelItem(root))
+        item->setExpanded(expanded);
+}
+
+int ItemWidgetTreeSubject::groupCount() const
+{
+    return m_pTree->topLevelItemCount();
 }
 
 QScrollBar *ItemWidgetTreeSubject::scrollBar() const

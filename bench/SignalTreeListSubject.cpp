@@ -36,10 +36,14 @@ void SignalTreeListSubject::fillOneByOne(const BenchContent &content)
     m_iRoots += content.roots();
 }
 
-void SignalTreeListSubject::setAllExpanded(bool expanded)
+void SignalTreeListSubject::setExpanded(int root, bool expanded)
 {
-    for (int r = 0; r < m_iRoots; ++r)
-        m_pList->setIsShowChildItem(r, expanded);
+    m_pList->setIsShowChildItem(root, expanded);
+}
+
+int SignalTreeListSubject::groupCount() const
+{
+    return m_iRoots;
 }
 
 QScrollBar *SignalTreeListSubject::scrollBar() const

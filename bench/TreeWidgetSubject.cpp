@@ -62,10 +62,15 @@ void TreeWidgetSubject::fillOneByOne(const BenchContent &content)
         m_pTree->addTopLevelItem(makeGroup(content, r));
 }
 
-void TreeWidgetSubject::setAllExpanded(bool expanded)
+void TreeWidgetSubject::setExpanded(int root, bool expanded)
 {
-    for (int r = 0; r < m_pTree->topLevelItemCount(); ++r)
-        m_pTree->topLevelItem(r)->setExpanded(expanded);
+    if (QTreeWidgetItem *item = m_pTree->topLevelItem(root))
+        item->setExpanded(expanded);
+}
+
+int TreeWidgetSubject::groupCount() const
+{
+    return m_pTree->topLevelItemCount();
 }
 
 QScrollBar *TreeWidgetSubject::scrollBar() const

@@ -49,6 +49,8 @@ int usage()
                  "                            [--no-warmup]\n"
                  "                            [--subjects a,b] [--ops a,b] [--qss PATH]\n"
                  "       signaltreelist_bench --case memory --size RxC --look none|sheet --subject KEY\n"
+                 "       signaltreelist_bench --case room --size RxC --look none|sheet --subject KEY [--reps N]\n"
+                 "                            [--clock cpu|wall]\n"
                  "       signaltreelist_bench --case report FILE...\n");
     return 2;
 }
@@ -100,7 +102,7 @@ int main(int argc, char **argv)
         report.write(out);
         return 0;
     }
-    if (mode != QLatin1String("timing") && mode != QLatin1String("memory"))
+    if (mode != QLatin1String("timing") && mode != QLatin1String("memory") && mode != QLatin1String("room"))
         return usage();
 
     int roots = 0;
@@ -137,10 +139,13 @@ int main(int argc, char **argv)
     if (!subjects.isEmpty())
         runner.setSubjects(subjects);
     runner.setOperations(ops);
-    if (mode == QLatin1String("memory")) {
+    if (mode == QLatin1String("memory") || mode == QLatin1String("room")) {
         if (!BenchRunner::subjectKeys().contains(subject))
             return usage();
-        runner.runMemory(subject);
+        if (mode == QLatin1String("room"))
+            runner.runRoom(subject, reps);
+        else
+            runner.runMemory(subject);
     } else {
         runner.runTiming(reps);
     }

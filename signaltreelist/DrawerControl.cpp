@@ -6,6 +6,7 @@
 #include "HandlerGuard.h"
 #include "LayoutInstall.h"
 #include "NodeInfoTrace.h"
+#include "PendingRows.h"
 #include "QtCompat.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -27,6 +28,25 @@
 #include <QSet>
 #include <QVBoxLayout>
 
+bool DrawerControl::s_bDeferRows = true;
+
+namespace {
+
+// The size of a child row that was built but never laid out.
+QSize newRowSize()
+{
+    static const QSize size = [] {
+        QWidget parent;
+        SecondItem probe(&parent);
+        probe.initItem(0, 0);
+        probe.setNodeInfo(st_NodeInfoSignal());
+        return probe.size();
+    }();
+    return size;
+}
+
+} // namespace
+
 DrawerControl::DrawerControl(QWidget *parent)
     : CLanguageTranslateFrame(parent)
     , m_pRootItem(nullptr)
@@ -43,6 +63,7 @@ DrawerControl::DrawerControl(QWidget *parent)
     , m_pChildLayout(nullptr)
     , m_pContainer(nullptr)
     , m_pDrag(nullptr)
+    , m_pPending(s_bDeferRows ? std::make_unique<PendingRows>() : nullptr)
 {
     setIsDrag(false);
 }
@@ -96,20 +117,32 @@ void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
     if (!m_pRootItem)
         return;
 
-    int n = m_lstSecondNodeInfo.size();
+    const int n = m_lstSecondNodeInfo.size();
     m_lstSecondNodeInfo.append(nodes);
-
     const int rootIndex = m_pRootItem->getIndexText().toInt(nullptr, 10);
+    const st_NodeInfoSignal rootNode = m_pRootItem->getNodeInfo();
+    // A drawer that was never expanded ends this call collapsed: its rows
+    // wait for the first expansion.
+    if (m_pPending) {
+        m_pPending->addBatch(nodes, n, rootIndex, rootNode, m_bIsLockSel);
+    } else {
+        createBatch(nodes, n, rootIndex, rootNode, m_bIsLockSel);
+    }
+    slot_OnIsShowChildItems(m_bIsShowChild);
+}
+
+void DrawerControl::createBatch(const QList<st_NodeInfoSignal> &nodes, int n, int rootIndex,
+                                const st_NodeInfoSignal &rootNode, bool locked)
+{
     for (int i = 0; i < nodes.size(); ++i) {
         const st_NodeInfoSignal &node = nodes.at(i);
         SecondItem *pItem = new SecondItem(m_pContainer);
         pItem->initItem(rootIndex, n);
         pItem->setNodeInfo(node);
-        if (m_pRootItem->getNodeInfo().iType == 1)
+        if (rootNode.iType == 1)
             pItem->setTipShow(true);
         // Rows of a group show the group's name; rows of a plain source show
         // their own source name (modifySecondItemData mirrors this rule).
-        const st_NodeInfoSignal rootNode = m_pRootItem->getNodeInfo();
         if (rootNode.iType == 1)
             pItem->setToolTip(rootNode.strNodeName.value(0));
         else if (rootNode.iType == 0)
@@ -144,8 +177,8 @@ void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
         m_pChildLayout->addWidget(pItem);
     }
 
-    markSelSecondItem(m_lstSecondItem.size() - 1);
-    slot_OnIsShowChildItems(m_bIsShowChild);
+    if (!locked)
+        pressRow(m_lstSecondItem.size() - 1);
 }
 
 void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int childIndex)
@@ -153,6 +186,18 @@ void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int chi
     if (!m_pContainer)
         return;
 
+    // Rows wait only while nobody can see them.
+    if (m_pPending && m_pContainer->isHidden()) {
+        m_pPending->addSingle(node, rootIndex, childIndex, m_bIsLockSel);
+    } else {
+        buildRows();
+        createSingle(node, rootIndex, childIndex, m_bIsLockSel);
+    }
+    m_iCurSecondIndex = rowCount() - 1;
+}
+
+void DrawerControl::createSingle(const st_NodeInfoSignal &node, int rootIndex, int childIndex, bool locked)
+{
     SecondItem *pItem = new SecondItem(m_pContainer);
     pItem->initItem(rootIndex, childIndex);
     pItem->setNodeInfo(node);
@@ -160,8 +205,53 @@ void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int chi
     m_lstSecondItem.append(pItem);
     connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
     connectSecondItemButtons(pItem);
-    markSelSecondItem(m_lstSecondItem.size() - 1);
-    m_iCurSecondIndex = m_lstSecondItem.size() - 1;
+    if (!locked)
+        pressRow(m_lstSecondItem.size() - 1);
+}
+
+void DrawerControl::buildRows()
+{
+    if (!m_pPending)
+        return;
+    // From here on the rows are widgets: the helpers below act on them.
+    const std::unique_ptr<PendingRows> pending = std::move(m_pPending);
+    for (const PendingRows::Step &step : pending->steps()) {
+        switch (step.kind) {
+        case PendingRows::Step::Batch:
+            createBatch(step.nodes, step.index, step.rootIndex, step.root, step.locked);
+            break;
+        case PendingRows::Step::Single:
+            createSingle(step.node, step.rootIndex, step.index, step.locked);
+            break;
+        case PendingRows::Step::Delete:
+            delete m_lstSecondItem.takeAt(step.index);
+            break;
+        case PendingRows::Step::Modify:
+            applyRecord(step.index, step.node, step.root);
+            break;
+        case PendingRows::Step::Press:
+            pressRow(step.index);
+            break;
+        case PendingRows::Step::Renumber:
+            renumberRows();
+            break;
+        }
+    }
+}
+
+bool DrawerControl::rowsDeferred() const
+{
+    return m_pPending != nullptr;
+}
+
+void DrawerControl::setDeferRows(bool defer)
+{
+    s_bDeferRows = defer;
+}
+
+int DrawerControl::rowCount() const
+{
+    return m_pPending ? m_pPending->rowCount() : m_lstSecondItem.size();
 }
 
 void DrawerControl::connectSecondItemButtons(SecondItem *pItem)
@@ -175,8 +265,12 @@ void DrawerControl::connectSecondItemButtons(SecondItem *pItem)
 
 void DrawerControl::deleteSecondItem(int childIndex)
 {
-    if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
+    if (childIndex < 0 || childIndex >= rowCount())
         return;
+    if (m_pPending) {
+        m_pPending->remove(childIndex);
+        return;
+    }
     SecondItem *pItem = m_lstSecondItem.takeAt(childIndex);
     // A row removed from inside its own handler leaves the screen now and
     // is freed when that handler returns.
@@ -196,9 +290,9 @@ QList<st_NodeInfoSignal> DrawerControl::getSecondNodeInfos()
 
 int DrawerControl::getSecondNodeInfo(int childIndex, st_NodeInfoSignal &out)
 {
-    if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
+    if (childIndex < 0 || childIndex >= rowCount())
         return 0;
-    out = m_lstSecondItem.at(childIndex)->getNodeInfo();
+    out = m_pPending ? m_pPending->records().at(childIndex) : m_lstSecondItem.at(childIndex)->getNodeInfo();
     return 1;
 }
 
@@ -210,12 +304,20 @@ void DrawerControl::modifyRootItemData(const st_NodeInfoSignal &node)
 
 void DrawerControl::modifySecondItemData(int childIndex, const st_NodeInfoSignal &node)
 {
-    if (childIndex < 0 || childIndex >= m_lstSecondItem.size())
+    if (childIndex < 0 || childIndex >= rowCount())
         return;
+    if (m_pPending)
+        m_pPending->modify(childIndex, node, getRootNodeInfo());
+    else
+        applyRecord(childIndex, node, getRootNodeInfo());
+}
+
+void DrawerControl::applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode)
+{
     SecondItem *pItem = m_lstSecondItem.at(childIndex);
     pItem->setNodeInfo(node);
     // The mirror image of the rule in addSecondItems, on purpose.
-    if (getRootNodeInfo().iType == 0)
+    if (rootNode.iType == 0)
         pItem->setTipShow(true);
     else
         pItem->setToolTip(node.strSourceName);
@@ -223,8 +325,11 @@ void DrawerControl::modifySecondItemData(int childIndex, const st_NodeInfoSignal
 
 void DrawerControl::setCurSelSecondItem(int childIndex)
 {
-    for (int i = 0; i < m_lstSecondItem.size(); ++i)
-        m_lstSecondItem.at(i)->setPressed(i == childIndex);
+    // Unlike markSelSecondItem, whatever the lock says.
+    if (m_pPending)
+        m_pPending->press(childIndex);
+    else
+        pressRow(childIndex);
     m_iCurSecondIndex = childIndex;
     m_lstSelIndex = QList<int>() << m_iRootIndex << childIndex;
     reportSelection(&DrawerControl::signal_OnCurrentItemClicked);
@@ -271,6 +376,14 @@ void DrawerControl::setRootIndex(int index)
     m_iRootIndex = index;
     if (m_pRootItem)
         m_pRootItem->setItemIndex(index);
+    if (m_pPending)
+        m_pPending->renumber();
+    else
+        renumberRows();
+}
+
+void DrawerControl::renumberRows()
+{
     for (int i = 0; i < m_lstSecondItem.size(); ++i)
         m_lstSecondItem.at(i)->setChildIndex(i);
 }
@@ -329,8 +442,16 @@ void DrawerControl::reTranslateUI()
 
 void DrawerControl::markSelSecondItem(int index)
 {
-    if (m_bIsLockSel || m_lstSecondItem.isEmpty())
+    if (m_bIsLockSel || rowCount() == 0)
         return;
+    if (m_pPending)
+        m_pPending->press(index);
+    else
+        pressRow(index);
+}
+
+void DrawerControl::pressRow(int index)
+{
     for (int i = 0; i < m_lstSecondItem.size(); ++i)
         m_lstSecondItem.at(i)->setPressed(i == index);
 }
@@ -413,6 +534,8 @@ void DrawerControl::slot_OnSecondItemCaptureBtnClicked()
 
 void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
 {
+    if (bIsShow)
+        buildRows();
     m_bIsShowChild = bIsShow;
     if (m_pContainer)
         m_pContainer->setVisible(bIsShow);
@@ -508,6 +631,14 @@ void DrawerControl::dropEvent(QDropEvent *event)
 
 int DrawerControl::secondItemIndexAt(const QPoint &globalPos)
 {
+    if (m_pPending) {
+        // Rows of a never-expanded drawer were never laid out: each would
+        // sit at the container's origin with the size of a new row, so the
+        // first one would answer.
+        if (rowCount() == 0 || !m_pContainer)
+            return -1;
+        return QRect(m_pContainer->mapToGlobal(QPoint(0, 0)), newRowSize()).contains(globalPos) ? 0 : -1;
+    }
     for (int i = 0; i < m_lstSecondItem.size(); ++i) {
         const SecondItem *pItem = m_lstSecondItem.at(i);
         const QRect rect(pItem->mapToGlobal(QPoint(0, 0)), pItem->size());

@@ -11,6 +11,9 @@
 #include <QList>
 #include <QPoint>
 
+#include <memory>
+
+class PendingRows;
 class QDrag;
 class QFrame;
 class QPixmap;
@@ -27,6 +30,11 @@ class SecondItem;
  * reports clicks and button presses as signals carrying that path. A
  * selected child row can be dragged onto another drawer, which reports the
  * source and target paths in signal_OnItemsIsDraged().
+ *
+ * Until the drawer is first expanded its child rows are not widgets: it
+ * keeps what it needs to build them as they would have been
+ * (PendingRows) and builds them on the first expansion. Every operation
+ * answers as if they existed.
  */
 class DrawerControl : public CLanguageTranslateFrame
 {
@@ -84,6 +92,14 @@ public:
 
     /// Selects row @p index in look only, unless the selection is locked.
     void markSelSecondItem(int index);
+    /// Builds the child rows that wait for the first expansion (expanding
+    /// does it; tests and diagnostics may ask earlier). Once built, a no-op.
+    void buildRows();
+    /// Whether the child rows wait for the first expansion.
+    bool rowsDeferred() const;
+    /// Test switch: drawers created afterwards build their rows at once, as
+    /// the list did before it deferred them. On by default.
+    static void setDeferRows(bool defer);
 
     /// Index of the child row under @p globalPos (screen coordinates), or -1.
     int secondItemIndexAt(const QPoint &globalPos);
@@ -92,6 +108,7 @@ public:
 
     // Read access for the container's diagnostics and for tests.
     RootItem *rootItem() const;
+    /// The built child rows (none while they wait for the first expansion).
     QList<SecondItem *> secondItems() const;
     QFrame *childContainer() const;
     QVBoxLayout *childLayout() const;
@@ -129,6 +146,16 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    // The widget work of the operations, shared by the calls on built rows
+    // and by buildRows() replaying the calls made before.
+    void createBatch(const QList<st_NodeInfoSignal> &nodes, int n, int rootIndex,
+                     const st_NodeInfoSignal &rootNode, bool locked);
+    void createSingle(const st_NodeInfoSignal &node, int rootIndex, int childIndex, bool locked);
+    void applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode);
+    void pressRow(int index);
+    void renumberRows();
+    /// Child rows, built or waiting.
+    int rowCount() const;
     void connectSecondItemButtons(SecondItem *pItem);
     /// Emits @p signal with a copy of the selection path.
     void reportSelection(void (DrawerControl::*signal)(QList<int>));
@@ -154,6 +181,9 @@ private:
     QFrame *m_pContainer;
     QList<int> m_lstSelIndex;
     QDrag *m_pDrag;
+    /// The rows while they wait for the first expansion; null once built.
+    std::unique_ptr<PendingRows> m_pPending;
+    static bool s_bDeferRows;
 };
 
 #endif // SIGNALTREELIST_DRAWERCONTROL_H

@@ -12,6 +12,7 @@
 // Set SIGNALTREELIST_SHOT_DIR to a directory to have the rendered states
 // written there as PNG files for a look by eye.
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "NodeFactory.h"
@@ -206,7 +207,7 @@ struct Host
         for (DrawerControl *drawer : drawers)
             roots << drawer->rootItem();
         if (!drawers.isEmpty())
-            children = drawers.first()->secondItems();
+            children = builtRows(drawers.first());
     }
 };
 

@@ -12,6 +12,7 @@
 // position set (the drag's application event filter eats them and turns
 // them into drag-enter, drag-move and drop events).
 
+#include "BuiltRows.h"
 #include "DragDriver.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
@@ -117,7 +118,7 @@ QString lookOf(QObject *row)
 QStringList looksOf(DrawerControl *drawer)
 {
     QStringList looks;
-    const auto rows = drawer->secondItems();
+    const auto rows = builtRows(drawer);
     for (SecondItem *row : rows)
         looks << lookOf(row);
     return looks;
@@ -135,7 +136,7 @@ QStringList looksWithPressed(int count, int pressed)
 QStringList indexTextsOf(DrawerControl *drawer)
 {
     QStringList texts;
-    const auto rows = drawer->secondItems();
+    const auto rows = builtRows(drawer);
     for (SecondItem *row : rows)
         texts << row->getIndexText();
     return texts;
@@ -291,7 +292,7 @@ struct DndScene
 // A point of @p drawer (drawer coordinates) in the middle of child row @p i.
 QPoint rowCentre(DrawerControl *drawer, int i)
 {
-    SecondItem *row = drawer->secondItems().at(i);
+    SecondItem *row = builtRows(drawer).at(i);
     return row->mapTo(drawer, row->rect().center());
 }
 
@@ -304,7 +305,7 @@ QPoint rootCentre(DrawerControl *drawer)
 QList<QRect> rowRects(DrawerControl *drawer)
 {
     QList<QRect> rects;
-    const auto rows = drawer->secondItems();
+    const auto rows = builtRows(drawer);
     for (SecondItem *row : rows)
         rects << QRect(row->mapTo(drawer, QPoint(0, 0)), row->size());
     return rects;
@@ -548,7 +549,7 @@ void TestDrawerControl::constructionState()
 
     QCOMPARE(drawer->parentWidget(), &host);
     QCOMPARE(drawer->rootItem(), nullptr);                   // m_pRootItem
-    QVERIFY(drawer->secondItems().isEmpty());                // m_lstSecondItem
+    QVERIFY(builtRows(drawer).isEmpty());                // m_lstSecondItem
     QCOMPARE(drawer->getIsRootAsChild(), false);             // m_bIsRootAsChild
     QCOMPARE(drawer->getIsRootSel(), true);                  // m_bIsRootSel
     QCOMPARE(drawer->getIsNotRootSel(), false);
@@ -690,7 +691,7 @@ void TestDrawerControl::initRootItemBuildsDrawer()
     QVERIFY(drawer.objectName().isEmpty());
     QVERIFY(drawer.styleSheet().isEmpty());
     QVERIFY(container->styleSheet().isEmpty());
-    QVERIFY(drawer.secondItems().isEmpty());
+    QVERIFY(builtRows(&drawer).isEmpty());
     QVERIFY(drawer.selIndex().isEmpty());
 }
 
@@ -741,7 +742,7 @@ void TestDrawerControl::addSecondItemsLayoutRule()
         drawer.addSecondItems(childNodes(batches.at(call), QStringLiteral("N"), made));
         made += batches.at(call);
 
-        const QList<SecondItem *> rows = drawer.secondItems();
+        const QList<SecondItem *> rows = builtRows(&drawer);
         QCOMPARE(rows.size(), made);
 
         // The rule, applied to the model.
@@ -783,7 +784,7 @@ void TestDrawerControl::addSecondItemsEmptyListReappliesExpandedState()
     drawer.addSecondItems({});
     QVERIFY(!drawer.childContainer()->isHidden());
     QCOMPARE(drawer.isShowChild(), true);
-    QCOMPARE(drawer.secondItems().size(), 2);
+    QCOMPARE(builtRows(&drawer).size(), 2);
 
     drawer.setIsShowChildItem(false);
     drawer.childContainer()->show();
@@ -810,7 +811,7 @@ void TestDrawerControl::addSecondItemsRecordsAndIndices()
         st_NodeInfoSignal out;
         QCOMPARE(drawer.getSecondNodeInfo(i, out), 1);
         QVERIFY(sameRecord(out, all.at(i)));
-        QCOMPARE(drawer.secondItems().at(i)->parentWidget(),
+        QCOMPARE(builtRows(&drawer).at(i)->parentWidget(),
                  static_cast<QWidget *>(drawer.childContainer()));
     }
     // Child indices continue from the number of records already kept.
@@ -849,7 +850,7 @@ void TestDrawerControl::addSecondItemsSelectionLook()
         drawer.addSecondItems(childNodes(existing, QStringLiteral("Old")));
 
     QList<bool> expected; // pressed state per row, by the rule
-    for (SecondItem *row : drawer.secondItems())
+    for (SecondItem *row : builtRows(&drawer))
         expected << (lookOf(row) == QLatin1String(kPressLook));
     for (int j = 0; j < batch; ++j)
         expected << (j == 0); // first of the batch pressed, the rest not
@@ -864,7 +865,7 @@ void TestDrawerControl::addSecondItemsSelectionLook()
     drawer.addSecondItems(childNodes(batch, QStringLiteral("New")));
     qApp->removeEventFilter(&recorder);
 
-    const QList<SecondItem *> rows = drawer.secondItems();
+    const QList<SecondItem *> rows = builtRows(&drawer);
     QCOMPARE(rows.size(), existing + batch);
     QList<bool> actual;
     for (SecondItem *row : rows)
@@ -914,7 +915,7 @@ void TestDrawerControl::addSecondItemsToolTip()
                                          QStringLiteral("RootSource"), rootType),
                     {makeNode({QStringLiteral("Child")}, QStringLiteral("ChildSource"), 1),
                      makeNode({QStringLiteral("Child2")}, QStringLiteral("ChildSource"), 2)}));
-    const auto rows = drawer->secondItems();
+    const auto rows = builtRows(drawer);
     QCOMPARE(rows.size(), 2);
     for (SecondItem *row : rows)
         QCOMPARE(row->toolTip(), expectedTip);
@@ -957,14 +958,14 @@ void TestDrawerControl::modifySecondItemDataToolTip()
     newRecord.iInputSourceNo = 42;
     drawer->modifySecondItemData(1, newRecord);
 
-    QCOMPARE(drawer->secondItems().at(1)->toolTip(), expectedTip);
+    QCOMPARE(builtRows(drawer).at(1)->toolTip(), expectedTip);
     // The row reports the new record; the kept records are not touched.
     st_NodeInfoSignal out;
     QCOMPARE(drawer->getSecondNodeInfo(1, out), 1);
     QVERIFY(sameRecord(out, newRecord));
     QVERIFY(sameRecord(drawer->getSecondNodeInfos().at(1), oldRecord));
     // The other row is left alone.
-    QVERIFY(sameRecord(drawer->secondItems().at(0)->getNodeInfo(),
+    QVERIFY(sameRecord(builtRows(drawer).at(0)->getNodeInfo(),
                        makeNode({QStringLiteral("Other")}, QStringLiteral("OtherSource"), 1)));
 }
 
@@ -972,6 +973,7 @@ void TestDrawerControl::addSecondItemSingle()
 {
     QScopedPointer<DrawerControl> drawer(buildDrawer(nullptr, 6, 2));
     drawer->setIsShowChildItem(false);
+    builtRows(drawer); // the layout is inspected below
     QSignalSpy clicked(drawer.data(), &DrawerControl::signal_OnCurrentItemClicked);
     const int layoutCountBefore = drawer->childLayout()->count();
     const QList<int> selBefore = drawer->selIndex();
@@ -979,7 +981,7 @@ void TestDrawerControl::addSecondItemSingle()
     const st_NodeInfoSignal node = makeNode({QStringLiteral("Single")}, QStringLiteral("S"), 3);
     drawer->addSecondItem(node, 9, 4); // indices taken as given
 
-    const QList<SecondItem *> rows = drawer->secondItems();
+    const QList<SecondItem *> rows = builtRows(drawer);
     QCOMPARE(rows.size(), 3);
     SecondItem *added = rows.last();
     QCOMPARE(added->parentWidget(), static_cast<QWidget *>(drawer->childContainer()));
@@ -1016,15 +1018,15 @@ void TestDrawerControl::deleteSecondItemKeepsIndices()
     const QList<st_NodeInfoSignal> records = drawer->getSecondNodeInfos();
     QCOMPARE(records.size(), 4);
 
-    pressWidget(drawer->secondItems().at(3)); // select the last row
+    pressWidget(builtRows(drawer).at(3)); // select the last row
     QCOMPARE(drawer->selIndex(), QList<int>({2, 3}));
     const int layoutCount = drawer->childLayout()->count();
 
-    QPointer<SecondItem> doomed = drawer->secondItems().at(1);
+    QPointer<SecondItem> doomed = builtRows(drawer).at(1);
     drawer->deleteSecondItem(1);
 
     QVERIFY(doomed.isNull()); // deleted at once, not later
-    QCOMPARE(drawer->secondItems().size(), 3);
+    QCOMPARE(builtRows(drawer).size(), 3);
     QCOMPARE(drawer->childLayout()->count(), layoutCount - 1);
     // No renumbering: the rows behind keep their old child indices.
     QCOMPARE(indexTextsOf(drawer.data()), QStringList({"2-0", "2-2", "2-3"}));
@@ -1064,7 +1066,7 @@ void TestDrawerControl::outOfRangeIndicesDoNothing()
     QFETCH(int, index);
 
     QScopedPointer<DrawerControl> drawer(buildDrawer(nullptr, 1, 3));
-    const QList<SecondItem *> rowsBefore = drawer->secondItems();
+    const QList<SecondItem *> rowsBefore = builtRows(drawer);
     QStringList tipsBefore;
     QList<st_NodeInfoSignal> recordsBefore;
     for (SecondItem *row : rowsBefore) {
@@ -1081,7 +1083,7 @@ void TestDrawerControl::outOfRangeIndicesDoNothing()
     drawer->modifySecondItemData(index, makeNode({QStringLiteral("Changed")}, QStringLiteral("C"), 2));
     drawer->deleteSecondItem(index);
 
-    QCOMPARE(drawer->secondItems(), rowsBefore);
+    QCOMPARE(builtRows(drawer), rowsBefore);
     for (int i = 0; i < rowsBefore.size(); ++i) {
         QCOMPARE(rowsBefore.at(i)->toolTip(), tipsBefore.at(i));
         QVERIFY(sameRecord(rowsBefore.at(i)->getNodeInfo(), recordsBefore.at(i)));
@@ -1111,7 +1113,7 @@ void TestDrawerControl::setRootIndexRenumbers()
         drawer.addSecondItems(childNodes(n));
 
     // Make the old child indices differ from the positions first.
-    if (!drawer.secondItems().isEmpty())
+    if (!builtRows(&drawer).isEmpty())
         drawer.deleteSecondItem(0);
 
     drawer.setRootIndex(newIndex);
@@ -1120,7 +1122,7 @@ void TestDrawerControl::setRootIndexRenumbers()
     // Each row gets its position as child index; the root part of a row's
     // index text is the one it was built with (rows have no root setter).
     QStringList expected;
-    for (int i = 0; i < drawer.secondItems().size(); ++i)
+    for (int i = 0; i < builtRows(&drawer).size(); ++i)
         expected << QStringLiteral("%1-%2").arg(7).arg(i);
     QCOMPARE(indexTextsOf(&drawer), expected);
 
@@ -1159,7 +1161,7 @@ void TestDrawerControl::clickChildRowReportsPath()
     QScopedPointer<DrawerControl> drawer(buildDrawer(nullptr, rootIndex, rowCount));
     QSignalSpy spy(drawer.data(), &DrawerControl::signal_OnCurrentItemClicked);
 
-    SecondItem *row = drawer->secondItems().at(clicked);
+    SecondItem *row = builtRows(drawer).at(clicked);
     pressWidget(row);
 
     QCOMPARE(spy.count(), 1);
@@ -1183,7 +1185,7 @@ void TestDrawerControl::clickRootRowReportsNothing()
     QSignalSpy capture(drawer.data(), &DrawerControl::signal_OnCaptureBtnClicked);
     QSignalSpy dragged(drawer.data(), &DrawerControl::signal_OnItemsIsDraged);
 
-    pressWidget(drawer->secondItems().at(1));
+    pressWidget(builtRows(drawer).at(1));
     QCOMPARE(current.count(), 1);
     const QStringList looksAfterChild = looksOf(drawer.data());
 
@@ -1226,7 +1228,7 @@ void TestDrawerControl::buttonSlotsReportCurrentPath()
 
     QScopedPointer<DrawerControl> drawer(buildDrawer(nullptr, 8, 3));
     if (selected >= 0)
-        pressWidget(drawer->secondItems().at(selected));
+        pressWidget(builtRows(drawer).at(selected));
     else if (selected == -1)
         pressWidget(drawer->rootItem());
 
@@ -1249,7 +1251,7 @@ void TestDrawerControl::buttonSlotsReportCurrentPath()
         const char *name = action == QLatin1String("rowEdit") ? "signal_OnEditBtnClicked"
             : action == QLatin1String("rowDelete")            ? "signal_OnDeleteBtnClicked"
                                                                : "signal_OnCaptureBtnClicked";
-        QVERIFY(QMetaObject::invokeMethod(drawer->secondItems().at(actionRow), name,
+        QVERIFY(QMetaObject::invokeMethod(builtRows(drawer).at(actionRow), name,
                                           Qt::DirectConnection));
     }
 
@@ -1294,7 +1296,7 @@ void TestDrawerControl::childButtonsReportAfterClick()
     connect(drawer.data(), &DrawerControl::signal_OnDeleteBtnClicked, this, record("delete"));
     connect(drawer.data(), &DrawerControl::signal_OnCaptureBtnClicked, this, record("capture"));
 
-    const QList<QToolButton *> buttons = rowButtons(drawer->secondItems().at(1));
+    const QList<QToolButton *> buttons = rowButtons(builtRows(drawer).at(1));
     QCOMPARE(buttons.size(), 4);
     QVERIFY(buttons.at(button));
     buttons.at(button)->click();
@@ -1329,7 +1331,7 @@ void TestDrawerControl::setCurSelSecondItem()
 
     QScopedPointer<DrawerControl> drawer(buildDrawer(nullptr, 6, 3));
     if (childClickedFirst)
-        pressWidget(drawer->secondItems().at(1));
+        pressWidget(builtRows(drawer).at(1));
     drawer->setIsLockSel(locked);
     const bool rootSelBefore = drawer->getIsRootSel();
     const st_NodeInfoSignal selBefore = drawer->selNodeInfo();
@@ -1469,7 +1471,7 @@ void TestDrawerControl::passThroughs()
     QVERIFY(drawer->childContainer()->isHidden());
 
     // Selecting the root row by code expands it (and makes it the selection).
-    pressWidget(drawer->secondItems().at(0));
+    pressWidget(builtRows(drawer).at(0));
     QCOMPARE(drawer->getIsRootSel(), false);
     drawer->setRootItemSelected(true);
     QCOMPARE(drawer->isShowChild(), true);
@@ -1481,7 +1483,7 @@ void TestDrawerControl::passThroughs()
     QVERIFY(drawer->childContainer()->isHidden());
 
     drawer->reTranslateUI(); // reaches the rows; nothing visible changes
-    QCOMPARE(drawer->secondItems().size(), 2);
+    QCOMPARE(builtRows(drawer).size(), 2);
 }
 
 void TestDrawerControl::uninitialisedDrawerIgnoresRootCalls()
@@ -1515,7 +1517,7 @@ void TestDrawerControl::setIsDragDrivesAcceptDrops()
 void TestDrawerControl::destructorTrace()
 {
     auto *drawer = buildDrawer(nullptr, 0, 2);
-    QPointer<SecondItem> row = drawer->secondItems().at(0);
+    QPointer<SecondItem> row = builtRows(drawer).at(0);
     QPointer<RootItem> root = drawer->rootItem();
 
     QTest::ignoreMessage(QtDebugMsg, "[Tarn]::DrawerControl::~DrawerControl()");
@@ -1574,7 +1576,7 @@ void TestDrawerControl::dragThreshold()
     DndScene scene;
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(1)); // select a child row
+    pressWidget(builtRows(src).at(1)); // select a child row
 
     // End over child row 1, a few pixels into it; start in the container's
     // left margin beside it (a press there reaches the drawer).
@@ -1617,7 +1619,7 @@ void TestDrawerControl::dragStartsOnlyOverChildRow()
     DndScene scene;
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(2));
+    pressWidget(builtRows(src).at(2));
     QCOMPARE(src->getIsRootSel(), false);
 
     const QList<QRect> rows = rowRects(src);
@@ -1655,7 +1657,7 @@ void TestDrawerControl::noDragWhileRootSelected()
     DrawerControl *src = scene.src;
     auto release = [&](DragOutcome &) { releaseNowhere(scene.windowHandle()); };
 
-    pressWidget(src->secondItems().at(1));
+    pressWidget(builtRows(src).at(1));
     pressWidget(src->rootItem());
     QCOMPARE(src->getIsRootSel(), true);
     const QPoint end = rowCentre(src, 1);
@@ -1664,7 +1666,7 @@ void TestDrawerControl::noDragWhileRootSelected()
     QCOMPARE(src->findChild<QDrag *>(), nullptr);
 
     // Selecting a child again allows the same gesture.
-    pressWidget(src->secondItems().at(1));
+    pressWidget(builtRows(src).at(1));
     out = dragGesture(src, QPoint(2, end.y()), end, release);
     QCOMPARE(out.started, true);
     QTRY_VERIFY_WITH_TIMEOUT(out.drag.isNull(), 10000);
@@ -1677,7 +1679,7 @@ void TestDrawerControl::noDragWhenDraggingDisabled()
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
     src->setIsDrag(false);
-    pressWidget(src->secondItems().at(0));
+    pressWidget(builtRows(src).at(0));
 
     const QPoint end = rowCentre(src, 0);
     const DragOutcome out = dragGesture(src, QPoint(2, end.y()), end,
@@ -1692,7 +1694,7 @@ void TestDrawerControl::dragObject()
     DndScene scene;
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(1));
+    pressWidget(builtRows(src).at(1));
 
     MessageCapture log;
     const QPoint end = rowCentre(src, 2); // the row under the pointer does not matter
@@ -1748,7 +1750,7 @@ void TestDrawerControl::dropReportsPaths()
     DrawerControl *src = scene.src;
     DrawerControl *dst = scene.dst;
     dst->setIsDrag(dstDragEnabled);
-    pressWidget(src->secondItems().at(selectedChild));
+    pressWidget(builtRows(src).at(selectedChild));
 
     QPoint dropPos;
     if (target == QLatin1String("root"))
@@ -1805,7 +1807,7 @@ void TestDrawerControl::dropOnStartingDrawerIgnored()
     DndScene scene;
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(1));
+    pressWidget(builtRows(src).at(1));
 
     QPoint dropPos;
     if (target == QLatin1String("root"))
@@ -1896,7 +1898,7 @@ void TestDrawerControl::dragTextCarriesCurrentChildIndex()
     DndScene scene;
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(0));
+    pressWidget(builtRows(src).at(0));
     QCOMPARE(src->selIndex(), QList<int>({3, 0}));
 
     // addSecondItem moves the current child index but not the path: the
@@ -1940,7 +1942,7 @@ void TestDrawerControl::dragCaption()
     DndScene scene(children);
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(1));
+    pressWidget(builtRows(src).at(1));
 
     const QPoint end = rowCentre(src, 0);
     const DragOutcome out = dragGesture(src, QPoint(2, end.y()), end,
@@ -1980,7 +1982,7 @@ void TestDrawerControl::namelessSelectionWritesTrace()
     DndScene scene(children);
     QVERIFY(scene.ready());
     DrawerControl *src = scene.src;
-    pressWidget(src->secondItems().at(0));
+    pressWidget(builtRows(src).at(0));
     QVERIFY(src->selNodeInfo().strNodeName.isEmpty());
 
     QTest::ignoreMessage(QtDebugMsg,
@@ -2012,7 +2014,7 @@ void TestDrawerControl::releaseSelfDuringDrag()
     QVERIFY(scene.ready());
     QPointer<DrawerControl> src = scene.src;
     DrawerControl *dst = scene.dst;
-    pressWidget(src->secondItems().at(1));
+    pressWidget(builtRows(src).at(1));
     QSignalSpy dstSpy(dst, &DrawerControl::signal_OnItemsIsDraged);
 
     MessageCapture log;

@@ -5,6 +5,7 @@
 // tab order, the focus row and its look, moving (which never acts), and the
 // keys that do what a click does.
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "HostRecorder.h"
@@ -99,7 +100,7 @@ QWidget *rowNamed(Host *host, const QString &name)
     for (DrawerControl *d : host->frame()->drawers()) {
         if (nameOf(d->rootItem()) == name)
             return d->rootItem();
-        for (SecondItem *row : d->secondItems()) {
+        for (SecondItem *row : builtRows(d)) {
             if (nameOf(row) == name)
                 return row;
         }
@@ -121,7 +122,7 @@ QStringList selectionState(Host *host)
     for (DrawerControl *d : host->frame()->drawers()) {
         QStringList looks;
         looks << d->rootItem()->property("isRootItem").toString();
-        for (SecondItem *row : d->secondItems())
+        for (SecondItem *row : builtRows(d))
             looks << row->property("isSecondItem").toString();
         QStringList path;
         for (int v : d->selIndex())

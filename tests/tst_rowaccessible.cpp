@@ -4,6 +4,7 @@
 // A row as assistive technology reads it: its full name, "offline" for an
 // offline signal, truthful states, and actions that do what the mouse does.
 
+#include "BuiltRows.h"
 #include "AccessibleHost.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
@@ -64,12 +65,12 @@ void tst_RowAccessible::nameIsTheFullText()
     QFETCH(QString, expected);
     auto host = AccessibleHost::make();
     QVERIFY(host);
-    st_NodeInfoSignal node = host->drawer(0)->secondItems().at(0)->getNodeInfo();
+    st_NodeInfoSignal node = builtRows(host->drawer(0)).at(0)->getNodeInfo();
     node.strNodeName = names;
     host->list->modifyItemData(QList<int>{0, 0}, node); // child 0 of every root
     host->list->modifyItemData(QList<int>{0}, node);
 
-    SecondItem *row = host->drawer(0)->secondItems().at(0);
+    SecondItem *row = builtRows(host->drawer(0)).at(0);
     QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(row);
     QCOMPARE(iface->text(QAccessible::Name), expected);
     QCOMPARE(QAccessible::queryAccessibleInterface(host->drawer(0)->rootItem())->text(QAccessible::Name), expected);
@@ -190,7 +191,7 @@ void tst_RowAccessible::offerButtons(const AccessibleHost &host)
     st_NodeInfoSignal root = host.drawer(0)->rootItem()->getNodeInfo();
     root.showOpBtn = {true, true};
     host.list->modifyItemData(QList<int>{0}, root);
-    st_NodeInfoSignal child = host.drawer(0)->secondItems().at(1)->getNodeInfo();
+    st_NodeInfoSignal child = builtRows(host.drawer(0)).at(1)->getNodeInfo();
     child.showOpBtn = {true, true, true};
     host.list->modifyItemData(QList<int>{0, 1}, child);
 }

@@ -6,6 +6,7 @@
 // drag between two drawers. Runs on the "minimal" platform, whose in-process
 // drag makes QDrag::exec run for real.
 
+#include "BuiltRows.h"
 #include "DragDriver.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
@@ -106,6 +107,9 @@ void addRoots(SignalTreeList *list, int count, int children)
 
 int secondItemCount(QWidget *parent)
 {
+    // Counted as widgets: the rows of groups never expanded are built first.
+    for (DrawerControl *drawer : parent->findChildren<DrawerControl *>())
+        builtRows(drawer);
     return parent->findChildren<QWidget *>(QStringLiteral("SignalSecondItem")).size();
 }
 
@@ -202,7 +206,7 @@ bool dragHostReady(Host *host)
     if (!QTest::qWaitForWindowExposed(host->parent.get()))
         return false;
     DrawerControl *d1 = host->drawer(1);
-    SecondItem *last = d1->secondItems().value(2);
+    SecondItem *last = builtRows(d1).value(2);
     return last && QTest::qWaitFor([&] {
                return last->isVisible() && last->height() > 0
                    && host->parent->rect().contains(last->mapTo(host->parent.get(), last->rect().bottomRight()));
@@ -297,7 +301,7 @@ void onEverySignal(SignalTreeList *list, QObject *context,
 void pull(Host *host, Trigger trigger)
 {
     DrawerControl *drawer = host->drawer(1);
-    SecondItem *row = drawer->secondItems().at(1);
+    SecondItem *row = builtRows(drawer).at(1);
     const auto clickButton = [](QWidget *row, QToolButton *button) {
         EventSender::sendEnter(row);
         QVERIFY(button && button->isVisibleTo(row));
@@ -912,7 +916,7 @@ void tst_SignalTreeList::childClickReachesHostSynchronously()
     QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
     HostRecorder recorder(host->list);
 
-    SecondItem *row = host->drawer(1)->secondItems().at(3);
+    SecondItem *row = builtRows(host->drawer(1)).at(3);
     QTest::mousePress(row, Qt::LeftButton, Qt::NoModifier, row->rect().center());
     // Within the press, without any event loop turn.
     QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(1,3)")});
@@ -937,7 +941,7 @@ void tst_SignalTreeList::rootEditButtonReportsCurrentSelection()
     QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
     HostRecorder recorder(host->list);
 
-    SecondItem *row = host->drawer(1)->secondItems().at(2);
+    SecondItem *row = builtRows(host->drawer(1)).at(2);
     QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, row->rect().center());
     QToolButton *edit = rootButton(host->drawer(1)->rootItem(), "isEditBtn");
     QVERIFY(edit);
@@ -1055,13 +1059,13 @@ void tst_SignalTreeList::realDragStoresPathsOnly()
     if (target == QLatin1String("root"))
         dropAt = globalCenter(other->rootItem());
     else if (target == QLatin1String("child2"))
-        dropAt = globalCenter(other->secondItems().at(2));
+        dropAt = globalCenter(builtRows(other).at(2));
     else if (target == QLatin1String("child0"))
-        dropAt = globalCenter(other->secondItems().at(0));
+        dropAt = globalCenter(builtRows(other).at(0));
     else if (target == QLatin1String("margin"))
         dropAt = other->mapToGlobal(QPoint(3, other->rootItem()->height() / 2));
     else
-        dropAt = globalCenter(source->secondItems().at(0));
+        dropAt = globalCenter(builtRows(source).at(0));
 
     DragPlayer player(
         source,
@@ -1072,7 +1076,7 @@ void tst_SignalTreeList::realDragStoresPathsOnly()
         },
         window);
 
-    clickAndDrag(source->secondItems().at(1));
+    clickAndDrag(builtRows(source).at(1));
 
     QVERIFY2(player.acted, "the drag did not start");
     QVERIFY(!player.watchdogFired);
@@ -1122,7 +1126,7 @@ void tst_SignalTreeList::deletingSourceRootDuringDrag()
     DragPlayer player(
         source,
         [&] {
-            const QPoint dropAt = globalCenter(other->secondItems().at(1));
+            const QPoint dropAt = globalCenter(builtRows(other).at(1));
             DragDriver::move(window, dropAt);
             host->list->deleteRootItem(0);
             detachedDuringDrag = source && source->parentWidget() == nullptr;
@@ -1136,7 +1140,7 @@ void tst_SignalTreeList::deletingSourceRootDuringDrag()
         },
         window);
 
-    clickAndDrag(source->secondItems().at(1));
+    clickAndDrag(builtRows(source).at(1));
 
     QVERIFY2(player.acted, "the drag did not start");
     QVERIFY(!player.watchdogFired);
@@ -1201,7 +1205,7 @@ void tst_SignalTreeList::destroyingListDuringDrag()
         },
         spare.windowHandle());
 
-    clickAndDrag(source->secondItems().at(1));
+    clickAndDrag(builtRows(source).at(1));
 
     QVERIFY2(player.acted, "the drag did not start");
     QVERIFY(!player.watchdogFired);
@@ -1328,7 +1332,7 @@ void tst_SignalTreeList::hostActsFromInsideItsSignals()
     QPointer<SignalTreeList> list = host->list;
     QPointer<QFrame> frame = host->frame();
     QPointer<DrawerControl> drawer = host->drawer(1);
-    QPointer<SecondItem> row = drawer->secondItems().at(1);
+    QPointer<SecondItem> row = builtRows(drawer).at(1);
 
     const bool destroys = c.reaction == Reaction::DestroyList || c.reaction == Reaction::DestroyWindow;
     const bool rootPath = c.trigger == Trigger::RootEdit || c.trigger == Trigger::RootDelete;
@@ -1528,8 +1532,8 @@ void tst_SignalTreeList::rowRemovedFromItsClickLeavesAtOnce()
     auto host = makeReentrantHost();
     QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
     DrawerControl *drawer = host->drawer(1);
-    QPointer<SecondItem> row = drawer->secondItems().at(1);
-    SecondItem *next = drawer->secondItems().at(2);
+    QPointer<SecondItem> row = builtRows(drawer).at(1);
+    SecondItem *next = builtRows(drawer).at(2);
     QSignalSpy rowClicked(row.data(), &SecondItem::signal_OnItemClicked);
 
     bool checked = false;
@@ -1539,8 +1543,8 @@ void tst_SignalTreeList::rowRemovedFromItsClickLeavesAtOnce()
         checked = true;
         host->list->deleteChildeItem(path);
         // Out of the row list, the layout and the screen at once.
-        QCOMPARE(drawer->secondItems().size(), 2);
-        QVERIFY(!drawer->secondItems().contains(row.data()));
+        QCOMPARE(builtRows(drawer).size(), 2);
+        QVERIFY(!builtRows(drawer).contains(row.data()));
         QCOMPARE(drawer->childLayout()->indexOf(row.data()), -1);
         QVERIFY(row);
         QVERIFY(row->isHidden());
@@ -1573,14 +1577,14 @@ void tst_SignalTreeList::nothingDeferredWithoutReentrancy()
     QVERIFY(QTest::qWaitForWindowExposed(host->parent.get()));
     DrawerControl *drawer = host->drawer(1);
 
-    QPointer<SecondItem> row = drawer->secondItems().at(0);
+    QPointer<SecondItem> row = builtRows(drawer).at(0);
     host->list->deleteChildeItem(QList<int>{1, 0});
     QVERIFY(row.isNull());
 
-    QPointer<SecondItem> other = drawer->secondItems().at(1);
+    QPointer<SecondItem> other = builtRows(drawer).at(1);
     QObject::connect(host->list, &SignalTreeList::signal_OnCurrentItemClicked, host->list,
                      [&] { host->list->deleteChildeItem(QList<int>{1, 1}); });
-    SecondItem *clicked = drawer->secondItems().at(0);
+    SecondItem *clicked = builtRows(drawer).at(0);
     QTest::mouseClick(clicked, Qt::LeftButton, Qt::NoModifier, clicked->rect().center());
     QVERIFY(other.isNull());
     QVERIFY(!clicked->isHidden());

@@ -37,6 +37,7 @@
 // the shortest failing prefix of the sequence it finds by re-running
 // prefixes with the same seed on a fresh control.
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "RootItem.h"
@@ -1847,7 +1848,7 @@ QString StressRun::check(bool full)
         if (w->acceptDrops() != d.drag)
             return where + QStringLiteral("accepts drops %1, expected %2").arg(w->acceptDrops()).arg(d.drag);
 
-        const QList<SecondItem *> rows = w->secondItems();
+        const QList<SecondItem *> rows = builtRows(w);
         if (rows.size() != d.children.size())
             return where + QStringLiteral("%1 child rows, expected %2").arg(rows.size()).arg(d.children.size());
         for (int j = 0; j < rows.size(); ++j) {

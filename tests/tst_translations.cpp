@@ -6,6 +6,7 @@
 // technology and brings them back, through a language change that runs
 // reTranslateUI; the host's own texts stay as the host gave them.
 
+#include "BuiltRows.h"
 #include "AccessibleHost.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
@@ -37,7 +38,7 @@ struct HandedTexts
         QAccessibleInterface *offline = host.row(QStringLiteral("R1-1"));
         QAccessibleActionInterface *actions = root->actionInterface();
         RootItem *rootRow = host.drawer(1)->rootItem();
-        SecondItem *child = host.drawer(0)->secondItems().at(0);
+        SecondItem *child = builtRows(host.drawer(0)).at(0);
         r.texts[QStringLiteral("list name")] = host.tree()->text(QAccessible::Name);
         r.texts[QStringLiteral("offline")] = offline->text(QAccessible::Description);
         r.texts[QStringLiteral("press action")] = actions->localizedActionName(QAccessibleActionInterface::pressAction());
@@ -204,12 +205,12 @@ void tst_Translations::hostTextsAreNotTranslated()
     auto host = makeHost();
     QVERIFY(host);
     // Host texts that happen to be the library's own English words.
-    st_NodeInfoSignal node = host->drawer(0)->secondItems().at(0)->getNodeInfo();
+    st_NodeInfoSignal node = builtRows(host->drawer(0)).at(0)->getNodeInfo();
     node.strNodeName = QStringList{QStringLiteral("Edit"), QStringLiteral("offline")};
     host->list->modifyItemData({0, 0}, node);
     QVERIFY(SignalTreeList::installTranslations(QLocale(QLocale::German)));
     QTRY_COMPARE(host->drawer(1)->rootItem()->editButton()->accessibleName(), QStringLiteral("Bearbeiten"));
-    SecondItem *row = host->drawer(0)->secondItems().at(0);
+    SecondItem *row = builtRows(host->drawer(0)).at(0);
     QCOMPARE(QAccessible::queryAccessibleInterface(row)->text(QAccessible::Name), QStringLiteral("Edit, offline"));
     QCOMPARE(row->getNodeInfo().strNodeName, (QStringList{QStringLiteral("Edit"), QStringLiteral("offline")}));
     QCOMPARE(host->row(QStringLiteral("R1"))->text(QAccessible::Name), QStringLiteral("R1"));
@@ -227,7 +228,7 @@ void tst_Translations::rowsBuiltLaterAreTranslated()
     host->list->addRootItem(root, children);
     DrawerControl *late = host->frame()->drawers().last();
     QCOMPARE(late->rootItem()->editButton()->accessibleName(), QStringLiteral("Modifier"));
-    QCOMPARE(late->secondItems().at(0)->deleteButton()->accessibleName(), QStringLiteral("Supprimer"));
+    QCOMPARE(builtRows(late).at(0)->deleteButton()->accessibleName(), QStringLiteral("Supprimer"));
 }
 
 QTEST_MAIN(tst_Translations)

@@ -7,6 +7,7 @@
 // and on the signals a host receives; the container is reached through
 // getSignalTreeListFrame() only to look at its layout and stored state.
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "HostRecorder.h"
@@ -478,7 +479,7 @@ void tst_TreeListFrame::addRootItemOnEmptyFrame()
     QCOMPARE(d->rootItem()->getIndexText(), QStringLiteral("0"));
     QCOMPARE(d->rootItem()->getItemType(), expectedItemType);
     QCOMPARE(describe(d->getRootNodeInfo()), describe(root));
-    QCOMPARE(d->secondItems().size(), childCount);
+    QCOMPARE(builtRows(d).size(), childCount);
     QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 1);
     QCOMPARE(layoutTokens(host->frame), (QStringList{QStringLiteral("First"), QStringLiteral("S")}));
     QVERIFY(!d->acceptDrops()); // dragging is off until setIsDrag(true)
@@ -766,7 +767,7 @@ void tst_TreeListFrame::deleteChildeItemKeepsChildIndices()
     host->list->addRootItem(r0, makeChildren(QStringLiteral("R0"), 2, QStringLiteral("R0")));
     host->list->addRootItem(r1, makeChildren(QStringLiteral("R1"), 3, QStringLiteral("R1")));
     HostRecorder recorder(host->list);
-    QPointer<SecondItem> doomed = host->drawer(1)->secondItems().value(0);
+    QPointer<SecondItem> doomed = builtRows(host->drawer(1)).value(0);
 
     host->list->deleteChildeItem(QList<int>{1, 0});
 
@@ -774,7 +775,7 @@ void tst_TreeListFrame::deleteChildeItemKeepsChildIndices()
     QCOMPARE(snapshot(host->frame),
              (QStringList{QStringLiteral("R0:R0-0,R0-1"), QStringLiteral("R1:R1-1,R1-2")}));
     QStringList indexTexts;
-    for (SecondItem *item : host->drawer(1)->secondItems())
+    for (SecondItem *item : builtRows(host->drawer(1)))
         indexTexts << item->getIndexText();
     QCOMPARE(indexTexts, (QStringList{QStringLiteral("1-1"), QStringLiteral("1-2")}));
     QVERIFY(recorder.events.isEmpty());
@@ -896,7 +897,7 @@ void tst_TreeListFrame::modifiedChildTakesTheWholeRecord()
 
     host->list->modifyItemData(QList<int>{0, 1}, node);
     for (DrawerControl *d : host->drawers())
-        QCOMPARE(describe(d->secondItems().at(1)->getNodeInfo()), describe(node));
+        QCOMPARE(describe(builtRows(d).at(1)->getNodeInfo()), describe(node));
 
     host->list->modifyItemData(QList<int>{0}, node);
     QCOMPARE(describe(host->drawer(0)->getRootNodeInfo()), describe(node));
@@ -1068,7 +1069,7 @@ void tst_TreeListFrame::setCurSelItemChild()
             QCOMPARE(d->selIndex(), path);
             QCOMPARE(d->curSecondIndex(), path.last());
             for (int c = 0; c < 3; ++c)
-                QCOMPARE(d->secondItems().at(c)->property("isSecondItem").toString(),
+                QCOMPARE(builtRows(d).at(c)->property("isSecondItem").toString(),
                          c == pressedChild ? QStringLiteral("press") : QStringLiteral("normal"));
         } else {
             QCOMPARE(d->selIndex(), before.at(i));
@@ -1262,7 +1263,7 @@ void tst_TreeListFrame::childOntoGroupRootAppendsCopy()
 {
     auto host = makeHost();
     addGroupingFixture(host->list);
-    const st_NodeInfoSignal dragged = host->drawer(0)->secondItems().at(1)->getNodeInfo();
+    const st_NodeInfoSignal dragged = builtRows(host->drawer(0)).at(1)->getNodeInfo();
     QCOMPARE(dragged.strNodeName, QStringList{QStringLiteral("A-1")});
     HostRecorder recorder(host->list);
 
@@ -1272,7 +1273,7 @@ void tst_TreeListFrame::childOntoGroupRootAppendsCopy()
     QCOMPARE(snapshot(host->frame),
              (QStringList{QStringLiteral("Source A:A-0,A-1,A-2"), QStringLiteral("Group B:B-0,B-1,A-1"),
                           QStringLiteral("Source C:C-0,C-1"), QStringLiteral("Other D:D-0")}));
-    QCOMPARE(describe(host->drawer(1)->secondItems().last()->getNodeInfo()), describe(dragged));
+    QCOMPARE(describe(builtRows(host->drawer(1)).last()->getNodeInfo()), describe(dragged));
     QCOMPARE(host->drawers().size(), 4);
     QVERIFY(host->frame->dragSource().isEmpty());
     QVERIFY(host->frame->dragDestination().isEmpty());
@@ -1340,8 +1341,8 @@ void tst_TreeListFrame::childOntoChildCreatesGroup()
     host->list->addRootItem(a, makeChildren(QStringLiteral("A"), 2, QStringLiteral("A")));
     host->list->addRootItem(b, makeChildren(QStringLiteral("B"), 1, QStringLiteral("B")));
     host->list->addRootItem(c, makeChildren(QStringLiteral("C"), 2, QStringLiteral("C")));
-    const st_NodeInfoSignal src = host->drawer(0)->secondItems().at(1)->getNodeInfo();
-    const st_NodeInfoSignal dst = host->drawer(2)->secondItems().at(0)->getNodeInfo();
+    const st_NodeInfoSignal src = builtRows(host->drawer(0)).at(1)->getNodeInfo();
+    const st_NodeInfoSignal dst = builtRows(host->drawer(2)).at(0)->getNodeInfo();
     HostRecorder recorder(host->list);
     QSignalSpy askSpy(host->list, &SignalTreeList::signal_OnGetNewRootName);
 
@@ -1358,9 +1359,9 @@ void tst_TreeListFrame::childOntoChildCreatesGroup()
     QCOMPARE(group->getRootNodeInfo().iType, 0);
     QVERIFY(group->getRootNodeInfo().strSourceName.isEmpty());
     QCOMPARE(group->rootIndex(), 3);
-    QCOMPARE(group->secondItems().size(), 2);
-    QCOMPARE(describe(group->secondItems().at(0)->getNodeInfo()), describe(src));
-    QCOMPARE(describe(group->secondItems().at(1)->getNodeInfo()), describe(dst));
+    QCOMPARE(builtRows(group).size(), 2);
+    QCOMPARE(describe(builtRows(group).at(0)->getNodeInfo()), describe(src));
+    QCOMPARE(describe(builtRows(group).at(1)->getNodeInfo()), describe(dst));
     // Nothing left its old place.
     QCOMPARE(snapshot(host->frame),
              (QStringList{QStringLiteral("Source A:A-0,A-1"), QStringLiteral("Source B:B-0"),
@@ -1587,8 +1588,8 @@ void tst_TreeListFrame::completionCases()
         texts << QString::number(i);
     QCOMPARE(rootIndexTexts(host->frame), texts);
     for (DrawerControl *d : host->drawers()) {
-        for (int c = 0; c < d->secondItems().size(); ++c)
-            QVERIFY(d->secondItems().at(c)->getIndexText().endsWith(QStringLiteral("-%1").arg(c)));
+        for (int c = 0; c < builtRows(d).size(); ++c)
+            QVERIFY(builtRows(d).at(c)->getIndexText().endsWith(QStringLiteral("-%1").arg(c)));
     }
 
     QCOMPARE(recorder.events, events);

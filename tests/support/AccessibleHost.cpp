@@ -3,6 +3,7 @@
 
 #include "AccessibleHost.h"
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -31,7 +32,7 @@ QAccessibleInterface *AccessibleHost::row(const QString &name) const
     for (DrawerControl *d : frame()->drawers()) {
         if (d->rootItem()->getNodeInfo().strNodeName.value(0) == name)
             return QAccessible::queryAccessibleInterface(d->rootItem());
-        for (SecondItem *r : d->secondItems()) {
+        for (SecondItem *r : builtRows(d)) {
             if (r->getNodeInfo().strNodeName.value(0) == name)
                 return QAccessible::queryAccessibleInterface(r);
         }

@@ -3,6 +3,7 @@
 
 #include "TreeText.h"
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "SecondItem.h"
 #include "TreeListFrame.h"
@@ -25,7 +26,7 @@ QString rootName(DrawerControl *drawer)
 QStringList childNames(DrawerControl *drawer)
 {
     QStringList names;
-    for (SecondItem *item : drawer->secondItems())
+    for (SecondItem *item : builtRows(drawer))
         names << item->getNodeInfo().strNodeName.value(0);
     return names;
 }

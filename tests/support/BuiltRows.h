@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#pragma once
+
+#include <QList>
+#include <QScopedPointer>
+
+class DrawerControl;
+class SecondItem;
+
+// The child rows of @p drawer as widgets. A drawer builds them on its first
+// expansion; a test that inspects the rows of a group never expanded has
+// them built first, as expanding would (without showing them).
+QList<SecondItem *> builtRows(DrawerControl *drawer);
+inline QList<SecondItem *> builtRows(const QScopedPointer<DrawerControl> &drawer)
+{
+    return builtRows(drawer.data());
+}
