@@ -7,6 +7,7 @@
 //   signaltreelist_demo                       run interactively
 //   signaltreelist_demo --screenshot FILE     render the window to FILE and exit
 //   signaltreelist_demo --closeups DIR        render row close-ups into DIR and exit
+//   signaltreelist_demo --language de         the library's own texts in German (or fr)
 //
 // Both rendering options work headless (QT_QPA_PLATFORM=offscreen).
 
@@ -52,8 +53,15 @@ int main(int argc, char *argv[])
         QStringLiteral("Use <file> instead of the reference dark style sheet."), QStringLiteral("file"));
     const QCommandLineOption printLogOption(
         QStringLiteral("print-log"), QStringLiteral("Also print every log line on standard output."));
-    parser.addOptions({screenshotOption, closeupsOption, scaleOption, styleOption, printLogOption});
+    const QCommandLineOption languageOption(
+        QStringLiteral("language"),
+        QStringLiteral("Hand assistive technology the list's own texts in <code> (de, fr; default English)."),
+        QStringLiteral("code"));
+    parser.addOptions({screenshotOption, closeupsOption, scaleOption, styleOption, printLogOption, languageOption});
     parser.process(app);
+    if (parser.isSet(languageOption) && !SignalTreeList::installTranslations(QLocale(parser.value(languageOption))))
+        std::fprintf(stderr, "signaltreelist_demo: no catalogue for \"%s\"; the list stays in English\n",
+                     qPrintable(parser.value(languageOption)));
 
     // Fusion gives the same base look on every platform; the sheets do the rest.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
