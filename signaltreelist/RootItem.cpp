@@ -266,7 +266,7 @@ void RootItem::setSelected(bool bIsSelected)
 void RootItem::reTranslateUI()
 {
     // Only what assistive technology reads: the row shows no text of its own.
-    RowAccessible::retranslate(this, {m_pEditBtn, m_pDeleteBtn, m_pExpandBox});
+    RowAccessible::retranslate(this, m_pEditBtn, m_pDeleteBtn, m_pExpandBox, nullptr);
 }
 
 void RootItem::slot_OnCheckBoxClicked(bool bIsShow)

@@ -48,21 +48,18 @@ QString RowAccessible::deleteButtonName()
     return QCoreApplication::translate("SignalTreeList", "Delete", "button of a row: delete the signal or group");
 }
 
-void RowAccessible::retranslate(QWidget *row, const QList<QWidget *> &buttons)
+void RowAccessible::retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture)
 {
-    // Edit, delete, then the root row's expand box or the child row's
-    // capture button.
-    const QString names[] = {
-        editButtonName(),
-        deleteButtonName(),
-        qobject_cast<RootItem *>(row)
-            ? QCoreApplication::translate("SignalTreeList", "Show signals", "check box of a group row: show or hide its signals")
-            : QCoreApplication::translate("SignalTreeList", "Capture", "button of a signal row: capture a picture of the signal"),
+    const auto name = [](QWidget *button, const QString &text) {
+        if (button)
+            button->setAccessibleName(text);
     };
-    for (int i = 0; i < buttons.size() && i < 3; ++i) {
-        if (buttons.at(i))
-            buttons.at(i)->setAccessibleName(names[i]);
-    }
+    name(edit, editButtonName());
+    name(del, deleteButtonName());
+    name(expandBox, QCoreApplication::translate("SignalTreeList", "Show signals",
+                                                "check box of a group row: show or hide its signals"));
+    name(capture, QCoreApplication::translate("SignalTreeList", "Capture",
+                                              "button of a signal row: capture a picture of the signal"));
     // The description ("offline") is read in the new language from now on.
     if (row && QAccessible::isActive()) {
         QAccessibleEvent event(row, QAccessible::DescriptionChanged);

@@ -31,11 +31,10 @@ public:
     static QString editAction();
     static QString deleteAction();
 
-    /// Gives @p row's buttons (edit, delete, then the root row's expand box
-    /// or the child row's capture button) their accessible names in the
-    /// current language and tells assistive technology that the row's
-    /// description changed; the rows call it from reTranslateUI.
-    static void retranslate(QWidget *row, const QList<QWidget *> &buttons);
+    /// Gives @p row's buttons (null ones are skipped) their accessible names
+    /// in the current language and tells assistive technology that the
+    /// row's description changed; the rows call it from reTranslateUI.
+    static void retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture);
 
     QString text(QAccessible::Text t) const override;
     QAccessible::State state() const override;
