@@ -6,6 +6,7 @@
 #include "DrawerControl.h"
 #include "RootItem.h"
 #include "SecondItem.h"
+#include "TabChain.h"
 #include "TreeListFrame.h"
 
 #include <QAccessible>
@@ -43,28 +44,11 @@ KeyboardNavigator::KeyboardNavigator(TreeListFrame *frame, QScrollArea *scrollAr
     // The scroll area would take the focus (and the arrow keys) itself.
     m_pScrollArea->setFocusPolicy(Qt::NoFocus);
     m_pScrollArea->viewport()->setFocusPolicy(Qt::NoFocus);
-    placeInTabOrder();
+    TabChain::placeWith(m_pFrame->parentWidget(), {m_pFrame});
     m_pFrame->installEventFilter(this);
     // Presses on rows, which are created and deleted all the time, are seen
     // at the application; only the type is compared for other events.
     qApp->installEventFilter(this);
-}
-
-void KeyboardNavigator::placeInTabOrder()
-{
-    // A new widget joins its window's tab order at the end. Tab is to reach
-    // the list where its parent widget stands: right after the last tab
-    // stop before that parent.
-    QWidget *parent = m_pFrame->parentWidget();
-    if (!parent)
-        return;
-    for (QWidget *w = parent->previousInFocusChain(); w && w != parent && w != m_pFrame;
-         w = w->previousInFocusChain()) {
-        if ((w->focusPolicy() & Qt::TabFocus) && w->window() == m_pFrame->window()) {
-            QWidget::setTabOrder(w, m_pFrame);
-            return;
-        }
-    }
 }
 
 KeyboardNavigator::~KeyboardNavigator()
@@ -141,15 +125,161 @@ void KeyboardNavigator::setFocusRow(QWidget *row, bool scroll)
     if (m_pFocusRow != row)
         publish(m_pFocusRow, false);
     m_pFocusRow = row;
+    m_focusPlace = placeOf(row, visibleRows());
     if (!row)
         return;
+    m_tabTarget = markOf(row);
     publish(row, m_pFrame->hasFocus());
     if (scroll && m_pScrollArea && row->isVisible())
         m_pScrollArea->ensureWidgetVisible(row, 0, 0);
-    if (m_pFrame->hasFocus()) {
+    // Once per row and focus-in: a click on the focus row is no news.
+    if (m_pFrame->hasFocus() && m_pAnnouncedFocus != row) {
+        m_pAnnouncedFocus = row;
         QAccessibleEvent event(row, QAccessible::Focus);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+KeyboardNavigator::Place KeyboardNavigator::placeOf(QWidget *row, const QList<QWidget *> &rows) const
+{
+    Place place;
+    DrawerControl *drawer = drawerOf(row);
+    if (!row || !drawer || !rows.contains(row))
+        return place;
+    place.drawer = drawer;
+    place.rootPos = rootRows(m_pFrame).indexOf(drawer->rootItem());
+    place.childPos = drawer->secondItems().indexOf(qobject_cast<SecondItem *>(row));
+    return place;
+}
+
+QWidget *KeyboardNavigator::nearest(const Place &place, const QList<QWidget *> &rows) const
+{
+    if (place.rootPos < 0)
+        return nullptr;
+    DrawerControl *drawer = place.drawer;
+    if (drawer && rows.contains(drawer->rootItem())) {
+        // The next row of the group (it moved up into the place), else the
+        // previous one, else the group's root row.
+        if (place.childPos >= 0 && isExpanded(drawer->rootItem())) {
+            const QList<SecondItem *> children = drawer->secondItems();
+            if (place.childPos < children.size())
+                return children.at(place.childPos);
+            if (!children.isEmpty())
+                return children.last();
+        }
+        return drawer->rootItem();
+    }
+    // The whole group went: the root row now in its place, else the last.
+    const QList<QWidget *> roots = rootRows(m_pFrame);
+    return roots.isEmpty() ? nullptr : roots.at(qMin(place.rootPos, roots.size() - 1));
+}
+
+KeyboardNavigator::Mark KeyboardNavigator::markOf(QWidget *row)
+{
+    Mark mark;
+    mark.drawer = drawerOf(row);
+    mark.row = row;
+    mark.child = mark.drawer ? mark.drawer->secondItems().indexOf(qobject_cast<SecondItem *>(row)) : -1;
+    mark.stamp = ++m_clock;
+    return mark;
+}
+
+QWidget *KeyboardNavigator::resolve(const Mark &mark) const
+{
+    if (mark.row)
+        return drawerOf(mark.row) == mark.drawer ? mark.row.data() : nullptr;
+    if (!mark.drawer)
+        return nullptr;
+    // Named before its rows were built.
+    return mark.child < 0 ? static_cast<QWidget *>(mark.drawer->rootItem()) : mark.drawer->secondItems().value(mark.child);
+}
+
+QWidget *KeyboardNavigator::lastSelectedRow() const
+{
+    return resolve(m_lastSelected);
+}
+
+void KeyboardNavigator::noteHostSelection(DrawerControl *drawer, int child)
+{
+    st_NodeInfoSignal unused;
+    if (!drawer || !drawer->rootItem() || (child >= 0 && drawer->getSecondNodeInfo(child, unused) == 0))
+        return; // names no row
+    m_lastSelected.drawer = drawer;
+    m_lastSelected.child = child;
+    m_lastSelected.row = child < 0 ? static_cast<QWidget *>(drawer->rootItem()) : drawer->secondItems().value(child);
+    m_lastSelected.stamp = ++m_clock;
+    m_tabTarget = m_lastSelected;
+    scheduleSync();
+}
+
+QWidget *KeyboardNavigator::entryRow(const QList<QWidget *> &rows) const
+{
+    QWidget *target = resolve(m_tabTarget);
+    if (target && rows.contains(target))
+        return target;
+    QWidget *row = lastSelectedRow();
+    if (row && rows.contains(row))
+        return row;
+    // Selected inside a closed group: the group's row.
+    DrawerControl *drawer = m_lastSelected.drawer;
+    if (drawer && rows.contains(drawer->rootItem()))
+        return drawer->rootItem();
+    return rows.value(0);
+}
+
+void KeyboardNavigator::noteActedOn(QWidget *row)
+{
+    m_pActedOn = row;
+    m_actedStamp = ++m_clock;
+    scheduleSync();
+}
+
+void KeyboardNavigator::scheduleSync()
+{
+    if (m_bSyncPending)
+        return;
+    m_bSyncPending = true;
+    QMetaObject::invokeMethod(this, &KeyboardNavigator::sync, Qt::QueuedConnection);
+}
+
+void KeyboardNavigator::rowsChanged(const QWidget *widget)
+{
+    if (KeyboardNavigator *keys = of(qobject_cast<const TreeListFrame *>(widget) ? widget : frameOf(widget)))
+        keys->scheduleSync();
+}
+
+void KeyboardNavigator::sync()
+{
+    m_bSyncPending = false;
+    const QList<QWidget *> rows = visibleRows();
+    if (m_pActedOn) {
+        if (rows.contains(m_pActedOn) && isSelected(m_pActedOn)) {
+            m_lastSelected = markOf(m_pActedOn);
+            m_lastSelected.stamp = m_actedStamp;
+            if (m_actedStamp > m_tabTarget.stamp)
+                m_tabTarget = m_lastSelected;
+        }
+        m_pActedOn = nullptr;
+    }
+    if (m_pFocusRow && rows.contains(m_pFocusRow)) {
+        m_focusPlace = placeOf(m_pFocusRow, rows);
+    } else if (m_pFrame->hasFocus() && m_focusPlace.rootPos >= 0) {
+        // The focus row was removed or hidden under the user's eyes: the
+        // focus stays in the list, on the nearest row.
+        setFocusRow(nearest(m_focusPlace, rows));
+    } else {
+        // Away from the list a removed row is simply forgotten; Tab picks
+        // the row to land on. A hidden row keeps no focus look.
+        publish(m_pFocusRow, false);
+    }
+
+    QVector<SelectionAnnouncer::Row> states;
+    if (QAccessible::isActive()) {
+        states.reserve(rows.size());
+        for (QWidget *row : rows)
+            states.append({row, isSelected(row)});
+    }
+    m_announcer.update(states);
 }
 
 void KeyboardNavigator::activate(QWidget *row)
@@ -183,7 +313,20 @@ bool KeyboardNavigator::setExpanded(QWidget *root, bool expand)
     if (item->expandBox()->isChecked() == expand)
         item->expandBox()->setChecked(!expand);
     item->expandBox()->click();
+    rowsChanged(root);
     return true;
+}
+
+bool KeyboardNavigator::isSelected(const QWidget *row)
+{
+    if (auto *root = qobject_cast<const RootItem *>(row)) {
+        // The drawer keeps [root] after deselecting by code too, and an
+        // expand or collapse highlights the name without selecting: only
+        // both together are a selected root.
+        const DrawerControl *drawer = drawerOf(row);
+        return drawer && drawer->getIsRootSel() && drawer->selIndex().size() == 1 && root->isNameHighlighted();
+    }
+    return qobject_cast<const SecondItem *>(row) && row->property("isSecondItem").toString() == QLatin1String("press");
 }
 
 QToolButton *KeyboardNavigator::offeredButton(const QWidget *row, bool edit)
@@ -225,40 +368,31 @@ QWidget *KeyboardNavigator::pageStep(QWidget *from, int direction) const
     return target;
 }
 
-void KeyboardNavigator::notifySelectionLater(QWidget *row)
-{
-    if (!QAccessible::isActive())
-        return;
-    // After the press has been handled: the row's selection is then set.
-    const QPointer<QWidget> guard(row);
-    QMetaObject::invokeMethod(
-        this,
-        [guard] {
-            if (!guard)
-                return;
-            QAccessible::State changed;
-            changed.selected = true;
-            QAccessibleStateChangeEvent state(guard.data(), changed);
-            QAccessible::updateAccessibility(&state);
-            QAccessibleEvent selection(guard.data(), QAccessible::Selection);
-            QAccessible::updateAccessibility(&selection);
-        },
-        Qt::QueuedConnection);
-}
-
 bool KeyboardNavigator::handleKey(QKeyEvent *event)
 {
+    static const QList<int> used{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Home,  Qt::Key_End,   Qt::Key_PageUp,
+                                 Qt::Key_PageDown, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Right,
+                                 Qt::Key_Plus,   Qt::Key_Left,  Qt::Key_Minus, Qt::Key_F2,    Qt::Key_Delete};
+    const int key = event->key();
+    if (!used.contains(key))
+        return false;
+    // A key acts from where the focus is after what happened before it,
+    // even when the event loop has not run in between.
+    if (m_bSyncPending)
+        sync();
     const QList<QWidget *> rows = visibleRows();
     if (rows.isEmpty())
         return false;
     QWidget *row = focusRow();
     if (!row) {
-        setFocusRow(rows.first());
-        row = rows.first();
+        // No row has the focus yet (the list was empty, or the row went while
+        // the list was away): the first key only shows where the focus is.
+        setFocusRow(key == Qt::Key_Home ? rows.first() : key == Qt::Key_End ? rows.last() : entryRow(rows));
+        return true;
     }
     const int index = rows.indexOf(row);
     const bool isRoot = qobject_cast<RootItem *>(row) != nullptr;
-    switch (event->key()) {
+    switch (key) {
     case Qt::Key_Up:
         setFocusRow(rows.at(qMax(0, index - 1)));
         return true;
@@ -280,14 +414,13 @@ bool KeyboardNavigator::handleKey(QKeyEvent *event)
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        m_pLastSelected = row;
-        activate(row);
+        activate(row); // the host may delete the list from here on
         return true;
     case Qt::Key_Right:
     case Qt::Key_Plus:
         if (isRoot && !isExpanded(row)) {
             setExpanded(row, true);
-        } else if (isRoot && event->key() == Qt::Key_Right && index + 1 < rows.size()
+        } else if (isRoot && key == Qt::Key_Right && index + 1 < rows.size()
                    && drawerOf(rows.at(index + 1)) == drawerOf(row)) {
             setFocusRow(rows.at(index + 1));
         }
@@ -296,22 +429,19 @@ bool KeyboardNavigator::handleKey(QKeyEvent *event)
     case Qt::Key_Minus:
         if (isRoot && isExpanded(row)) {
             setExpanded(row, false);
-        } else if (!isRoot && event->key() == Qt::Key_Left) {
+        } else if (!isRoot && key == Qt::Key_Left) {
             if (DrawerControl *drawer = drawerOf(row))
                 setFocusRow(drawer->rootItem());
         }
         return true;
-    case Qt::Key_F2:
-    case Qt::Key_Delete: {
-        QToolButton *button = offeredButton(row, event->key() == Qt::Key_F2);
+    default: { // F2, Delete
+        QToolButton *button = offeredButton(row, key == Qt::Key_F2);
         if (!button)
             return false;
-        m_pLastSelected = row;
-        button->click();
+        noteActedOn(row);
+        button->click(); // the host may delete the list from here on
         return true;
     }
-    default:
-        return false;
     }
 }
 
@@ -319,11 +449,11 @@ void KeyboardNavigator::onFocusIn(int reason)
 {
     if (reason == Qt::MouseFocusReason)
         return; // the press that follows names the row
-    QWidget *row = focusRow();
-    const QList<QWidget *> rows = visibleRows();
-    if (!row)
-        row = m_pLastSelected && rows.contains(m_pLastSelected) ? m_pLastSelected.data() : rows.value(0);
-    setFocusRow(row);
+    // A focus row that went while the list was away is not handed on: Tab
+    // lands by its own rule.
+    m_focusPlace = Place();
+    sync();
+    setFocusRow(entryRow(visibleRows()));
 }
 
 bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
@@ -331,13 +461,17 @@ bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        if (watched->isWidgetType()) {
+    case QEvent::MouseButtonRelease:
+        if (watched->isWidgetType() && m_pFrame->isAncestorOf(static_cast<QWidget *>(watched))) {
+            // Whatever the click changes is caught up with once it is handled.
+            scheduleSync();
             if (QWidget *row = rowAt(watched)) {
-                m_pLastSelected = row;
-                if (!m_pFrame->hasFocus())
-                    m_pFrame->setFocus(Qt::MouseFocusReason);
-                setFocusRow(row, false);
-                notifySelectionLater(row);
+                noteActedOn(row);
+                if (event->type() != QEvent::MouseButtonRelease) {
+                    if (!m_pFrame->hasFocus())
+                        m_pFrame->setFocus(Qt::MouseFocusReason);
+                    setFocusRow(row, false);
+                }
             }
         }
         return false;
@@ -348,8 +482,10 @@ bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
             onFocusIn(static_cast<QFocusEvent *>(event)->reason());
         return false;
     case QEvent::FocusOut:
-        if (watched == m_pFrame)
+        if (watched == m_pFrame) {
             publish(m_pFocusRow, false);
+            m_pAnnouncedFocus = nullptr;
+        }
         return false;
     default:
         return false;

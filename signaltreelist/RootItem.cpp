@@ -266,7 +266,7 @@ void RootItem::setSelected(bool bIsSelected)
 void RootItem::reTranslateUI()
 {
     // Only what assistive technology reads: the row shows no text of its own.
-    RowAccessible::retranslate(this, m_pEditBtn, m_pDeleteBtn, m_pExpandBox, nullptr);
+    RowAccessible::retranslate(this, m_pEditBtn, m_pDeleteBtn, m_pExpandBox, nullptr, nullptr);
 }
 
 void RootItem::slot_OnCheckBoxClicked(bool bIsShow)
@@ -373,4 +373,9 @@ bool RootItem::showsDeleteButton() const
 QCheckBox *RootItem::expandBox() const
 {
     return m_pExpandBox;
+}
+
+bool RootItem::isNameHighlighted() const
+{
+    return m_qlUpper && m_qlUpper->property("isUpOnline").toBool();
 }

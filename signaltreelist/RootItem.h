@@ -77,6 +77,8 @@ public:
     bool showsEditButton() const;
     bool showsDeleteButton() const;
     QCheckBox *expandBox() const;
+    /// Whether the upper line shows the selected highlight ("isUpOnline").
+    bool isNameHighlighted() const;
 
 signals:
     void signal_OnIsShowChildItems(bool bIsShow);

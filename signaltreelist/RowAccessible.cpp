@@ -48,7 +48,8 @@ QString RowAccessible::deleteButtonName()
     return QCoreApplication::translate("SignalTreeList", "Delete", "button of a row: delete the signal or group");
 }
 
-void RowAccessible::retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture)
+void RowAccessible::retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture,
+                                QWidget *fourth)
 {
     const auto name = [](QWidget *button, const QString &text) {
         if (button)
@@ -60,6 +61,10 @@ void RowAccessible::retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidg
                                                 "check box of a group row: show or hide its signals"));
     name(capture, QCoreApplication::translate("SignalTreeList", "Capture",
                                               "button of a signal row: capture a picture of the signal"));
+    // The library gives the fourth button no action of its own; hosts give
+    // it a picture and a meaning through their style.
+    name(fourth, QCoreApplication::translate("SignalTreeList", "More",
+                                             "fourth button of a signal row, whose meaning the application gives"));
     // The description ("offline") is read in the new language from now on.
     if (row && QAccessible::isActive()) {
         QAccessibleEvent event(row, QAccessible::DescriptionChanged);
@@ -117,14 +122,11 @@ QAccessible::State RowAccessible::state() const
     QWidget *row = widget();
     if (!d || !row)
         return s;
+    s.selected = KeyboardNavigator::isSelected(row);
     if (isRoot()) {
-        // The drawer's selection is the root row itself.
-        s.selected = d->getIsRootSel() && d->selIndex().size() == 1;
         s.expandable = true;
         s.expanded = KeyboardNavigator::isExpanded(row);
         s.collapsed = !s.expanded;
-    } else {
-        s.selected = row->property("isSecondItem").toString() == QLatin1String("press");
     }
     TreeListFrame *frame = KeyboardNavigator::frameOf(row);
     const KeyboardNavigator *keys = KeyboardNavigator::of(frame);
@@ -216,8 +218,11 @@ void RowAccessible::doAction(const QString &name)
     else if (name == collapseAction())
         KeyboardNavigator::setExpanded(row, false);
     else if (name == editAction() || name == deleteAction()) {
-        if (QToolButton *button = KeyboardNavigator::offeredButton(row, name == editAction()))
+        if (QToolButton *button = KeyboardNavigator::offeredButton(row, name == editAction())) {
+            if (KeyboardNavigator *keys = KeyboardNavigator::of(KeyboardNavigator::frameOf(row)))
+                keys->noteActedOn(row);
             button->click();
+        }
     }
 }
 

@@ -34,7 +34,8 @@ public:
     /// Gives @p row's buttons (null ones are skipped) their accessible names
     /// in the current language and tells assistive technology that the
     /// row's description changed; the rows call it from reTranslateUI.
-    static void retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture);
+    static void retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture,
+                            QWidget *fourth);
 
     QString text(QAccessible::Text t) const override;
     QAccessible::State state() const override;

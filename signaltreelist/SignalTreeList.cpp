@@ -7,6 +7,7 @@
 #include "QtCompat.h"
 #include "SignalTreeList_p.h"
 #include "StyleConstants.h"
+#include "TabChain.h"
 #include "Translations.h"
 #include "TreeListFrame.h"
 
@@ -53,6 +54,10 @@ void SignalTreeList::initControls()
     m_pData->pTreeListFrame = pFrame;
     pFrame->initControls();
     pLayout->addWidget(pFrame);
+    // The list and its frame are reached by Tab where the parent stands,
+    // whenever the host created its other widgets. The list comes first so
+    // that Tab out of the frame does not meet it again.
+    TabChain::placeWith(m_pData->pParentWidget, {this, pFrame});
     // Focus given to the list goes to the frame, which takes the keys.
     setFocusProxy(pFrame);
 

@@ -14,6 +14,7 @@
 
 #include <QDebug>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSet>
@@ -125,6 +126,7 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
         m_pContainerLayout->addWidget(pEntry);
     }
     m_pContainerLayout->addStretch(0);
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::addRootItem(st_NodeInfoSignal rootNode)
@@ -141,6 +143,7 @@ void TreeListFrame::addChildItem(int root, QList<st_NodeInfoSignal> childNodes)
 {
     if (DrawerControl *pDrawer = drawerAt(root))
         pDrawer->addSecondItems(childNodes);
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::releaseDrawer(DrawerControl *pDrawer)
@@ -159,6 +162,7 @@ void TreeListFrame::clearTree()
         }
     }
     m_lstDrawers = QList<DrawerControl *>();
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::deleteRootItem(int root)
@@ -170,12 +174,14 @@ void TreeListFrame::deleteRootItem(int root)
     releaseDrawer(pDrawer);
     m_lstDrawers[root] = nullptr;
     m_lstDrawers.removeAt(root);
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::deleteChildeItem(int root, int child)
 {
     if (DrawerControl *pDrawer = drawerAt(root))
         pDrawer->deleteSecondItem(child);
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::modifyItemData(QList<int> path, st_NodeInfoSignal node)
@@ -215,6 +221,10 @@ std::pair<bool, st_NodeInfoSignal> TreeListFrame::getItemSignalNode(const QList<
 
 void TreeListFrame::setCurSelItem(QList<int> path)
 {
+    // The host may answer the signal this raises by changing or deleting
+    // the list; the drawer is asked for again afterwards.
+    QPointer<DrawerControl> selected;
+    int child = -1;
     if (path.size() == 1) {
         const int root = path.at(0);
         for (int j = 0; j < m_lstDrawers.size(); ++j) {
@@ -225,13 +235,21 @@ void TreeListFrame::setCurSelItem(QList<int> path)
             } else if (j == root) {
                 if (pDrawer)
                     pDrawer->setRootItemSelected(true);
+                selected = pDrawer;
                 break;
             }
         }
     } else if (path.size() == 2) {
-        if (DrawerControl *pDrawer = drawerAt(path.at(0)))
-            pDrawer->setCurSelSecondItem(path.at(1));
+        if (DrawerControl *pDrawer = drawerAt(path.at(0))) {
+            selected = pDrawer;
+            child = path.at(1);
+            pDrawer->setCurSelSecondItem(child);
+        }
     }
+    KeyboardNavigator *keys = KeyboardNavigator::of(this);
+    if (keys && selected && m_lstDrawers.contains(selected.data()))
+        keys->noteHostSelection(selected, child);
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::setIsDrag(bool bIsDrag)
@@ -247,6 +265,7 @@ void TreeListFrame::setIsShowChildItem(int root, bool bIsShow)
 {
     if (DrawerControl *pDrawer = drawerAt(root))
         pDrawer->setIsShowChildItem(bIsShow);
+    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::setSignalRootName(QString name)

@@ -8,6 +8,7 @@
 #include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
+#include "AccessibleHost.h"
 #include "HostRecorder.h"
 #include "KeyboardNavigator.h"
 #include "NodeFactory.h"
@@ -136,6 +137,94 @@ QStringList selectionState(Host *host)
     return out;
 }
 
+
+void fill(Host *host, int roots = 3, int children = 3)
+{
+    for (int i = 0; i < roots; ++i) {
+        const QString name = QStringLiteral("R%1").arg(i);
+        st_NodeInfoSignal node = kNodes.node({name}, QStringLiteral("S%1").arg(i));
+        host->list->addRootItem(node, kNodes.children(name, children, QStringLiteral("S%1").arg(i)));
+    }
+    host->list->setIsShowChildItem(0, true);
+}
+
+QList<int> pathOf(const QString &text)
+{
+    QList<int> path;
+    for (const QString &part : text.split(QLatin1Char(',')))
+        path << part.toInt();
+    return path;
+}
+
+// What the event loop does next: queued calls, then deferred deletions.
+void settle()
+{
+    QCoreApplication::processEvents();
+    EventSender::flushDeferredDeletes();
+    QCoreApplication::processEvents();
+}
+
+// Runs a host and user script, one step a string, letting the event loop
+// run after each step as it would between two user actions:
+//   "click R0-1"  a click on a row        "key Down"      a key on the focus widget
+//   "leave"       focus to the line edit   "tab"           Tab from that line edit into the list
+//   "select 0,2"  setCurSelItem           "show 2", "hide 2"  setIsShowChildItem
+//   "delete 0,1"  deleteChildeItem        "deleteRoot 0"  deleteRootItem
+//   "clear"       clearTree               "fill"          three roots of three rows, root 0 open
+void run(Host *host, const QStringList &steps)
+{
+    static const QMap<QString, int> keys{{"Down", Qt::Key_Down}, {"Up", Qt::Key_Up},       {"End", Qt::Key_End},
+                                         {"Home", Qt::Key_Home}, {"Space", Qt::Key_Space}, {"Right", Qt::Key_Right}};
+    for (const QString &step : steps) {
+        const QString verb = step.section(QLatin1Char(' '), 0, 0);
+        const QString arg = step.section(QLatin1Char(' '), 1);
+        if (verb == QLatin1String("click")) {
+            QWidget *row = rowNamed(host, arg);
+            QVERIFY2(row, qPrintable(step));
+            const QPoint at = qobject_cast<RootItem *>(row) ? QPoint(row->width() - 80, 3) : QPoint(5, row->height() / 2);
+            QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, at);
+        } else if (verb == QLatin1String("key")) {
+            QVERIFY2(keys.contains(arg), qPrintable(step));
+            press(keys.value(arg));
+        } else if (verb == QLatin1String("leave")) {
+            host->before->setFocus(Qt::TabFocusReason);
+        } else if (verb == QLatin1String("tab")) {
+            host->before->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(host->before, Qt::Key_Tab);
+        } else if (verb == QLatin1String("select")) {
+            host->list->setCurSelItem(pathOf(arg));
+        } else if (verb == QLatin1String("show") || verb == QLatin1String("hide")) {
+            host->list->setIsShowChildItem(arg.toInt(), verb == QLatin1String("show"));
+        } else if (verb == QLatin1String("delete")) {
+            host->list->deleteChildeItem(pathOf(arg));
+        } else if (verb == QLatin1String("deleteRoot")) {
+            host->list->deleteRootItem(arg.toInt());
+        } else if (verb == QLatin1String("clear")) {
+            host->list->clearTree();
+        } else if (verb == QLatin1String("fill")) {
+            fill(host);
+        } else {
+            QFAIL(qPrintable(QStringLiteral("unknown step ") + step));
+        }
+        settle();
+    }
+}
+
+// The rows, built or not, that publish the focus look.
+QStringList rowsWithFocusLook(Host *host)
+{
+    QStringList names;
+    for (DrawerControl *d : host->frame()->drawers()) {
+        if (d->rootItem()->property("isKeyFocus").toBool())
+            names << nameOf(d->rootItem());
+        for (SecondItem *row : d->secondItems()) {
+            if (row->property("isKeyFocus").toBool())
+                names << nameOf(row);
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 class tst_KeyboardNavigator : public QObject
@@ -145,7 +234,9 @@ class tst_KeyboardNavigator : public QObject
 private slots:
     void initTestCase();
     void listIsOneTabStop();
-    void tabLandsOnTheSelectedRow();
+    void focusFollowsTheRules_data();
+    void focusFollowsTheRules();
+    void nextKeyActsFromTheHandedOnRow();
     void clickGivesFocusToThatRow();
     void focusLook();
     void movingNeverActs_data();
@@ -191,22 +282,93 @@ void tst_KeyboardNavigator::listIsOneTabStop()
     QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(host->frame()));
 }
 
-void tst_KeyboardNavigator::tabLandsOnTheSelectedRow()
+void tst_KeyboardNavigator::focusFollowsTheRules_data()
+{
+    QTest::addColumn<int>("roots");
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QString>("focus");
+
+    // Tab lands on the more recent of the last focus row and the last
+    // selection, if shown; else on the last selection (its group's row while
+    // the group is closed); else on the first row. Root 0 starts open.
+    QTest::newRow("Tab, nothing selected") << 3 << QStringList{"tab"} << "R0";
+    QTest::newRow("Tab after setCurSelItem [0,2]") << 3 << QStringList{"select 0,2", "tab"} << "R0-2";
+    QTest::newRow("Tab after setCurSelItem [2]") << 3 << QStringList{"select 2", "tab"} << "R2";
+    QTest::newRow("Tab after setCurSelItem [2,1], open group")
+        << 3 << QStringList{"show 2", "select 2,1", "tab"} << "R2-1";
+    QTest::newRow("Tab after setCurSelItem [2,1], group opened later")
+        << 3 << QStringList{"select 2,1", "show 2", "tab"} << "R2-1";
+    QTest::newRow("Tab after setCurSelItem [2,1], closed group") << 3 << QStringList{"select 2,1", "tab"} << "R2";
+    QTest::newRow("Tab after setCurSelItem of a row that does not exist") << 3 << QStringList{"select 1,9", "tab"} << "R0";
+    QTest::newRow("click, setCurSelItem, leave, Tab")
+        << 3 << QStringList{"click R0-1", "select 0,2", "leave", "tab"} << "R0-2";
+    QTest::newRow("click, leave, setCurSelItem, Tab")
+        << 3 << QStringList{"click R0-1", "leave", "select 2", "tab"} << "R2";
+    QTest::newRow("click, setCurSelItem, a key, leave, Tab")
+        << 3 << QStringList{"click R0-1", "select 0,2", "key Up", "leave", "tab"} << "R0-0";
+    QTest::newRow("keys, leave, Tab") << 3 << QStringList{"tab", "key Down", "key Down", "leave", "tab"} << "R0-1";
+    QTest::newRow("click, keys, leave, Tab")
+        << 3 << QStringList{"click R0-2", "key Home", "leave", "tab"} << "R0";
+    QTest::newRow("focus row deleted while away: the selection")
+        << 3 << QStringList{"click R0-2", "key Up", "leave", "delete 0,1", "tab"} << "R0-2";
+    QTest::newRow("focus row hidden while away: the selection")
+        << 3 << QStringList{"select 1", "tab", "key Down", "key Down", "leave", "hide 1", "tab"} << "R1";
+
+    // The focus row removed or hidden while the list has the focus: the
+    // next row of its group, else the previous, else the group's root row,
+    // else the nearest root row.
+    QTest::newRow("focus row deleted") << 3 << QStringList{"tab", "key Down", "key Down", "delete 0,1"} << "R0-2";
+    QTest::newRow("last row deleted") << 3 << QStringList{"tab", "key Right", "key End", "key Up", "key Up", "delete 0,2"}
+                                      << "R0-1";
+    QTest::newRow("every row deleted")
+        << 3 << QStringList{"tab", "key Down", "delete 0,2", "delete 0,1", "delete 0,0"} << "R0";
+    QTest::newRow("group deleted") << 3 << QStringList{"tab", "key Down", "deleteRoot 0"} << "R1";
+    QTest::newRow("group deleted by path [0]") << 3 << QStringList{"tab", "key Down", "delete 0"} << "R1";
+    QTest::newRow("last group deleted") << 3 << QStringList{"tab", "key End", "deleteRoot 2"} << "R1";
+    QTest::newRow("group collapsed") << 3 << QStringList{"tab", "key Down", "key Down", "hide 0"} << "R0";
+    QTest::newRow("group collapsed by setCurSelItem") << 3 << QStringList{"tab", "key Down", "select 2"} << "R0";
+    QTest::newRow("list cleared") << 3 << QStringList{"tab", "key Down", "clear"} << "";
+
+    // No row had the focus: the first key only puts it on a row.
+    QTest::newRow("empty list, fill, Down") << 0 << QStringList{"tab", "fill", "key Down"} << "R0";
+    QTest::newRow("list cleared, fill, Down") << 3 << QStringList{"tab", "key Down", "clear", "fill", "key Down"} << "R0";
+    QTest::newRow("empty list, fill, End") << 0 << QStringList{"tab", "fill", "key End"} << "R2";
+    QTest::newRow("empty list, fill, Down, Down") << 0 << QStringList{"tab", "fill", "key Down", "key Down"} << "R0-0";
+}
+
+// Where the keyboard focus is after each script, through real events, and
+// that it shows: the focus row alone has the focus look, and assistive
+// technology finds it as the tree's focus child.
+void tst_KeyboardNavigator::focusFollowsTheRules()
+{
+    QFETCH(int, roots);
+    QFETCH(QStringList, steps);
+    QFETCH(QString, focus);
+
+    auto host = makeHost(roots);
+    QVERIFY(host);
+    run(host.get(), steps);
+    if (QTest::currentTestFailed())
+        return;
+
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(host->frame()));
+    QCOMPARE(nameOf(host->focusRow()), focus);
+    QCOMPARE(rowsWithFocusLook(host.get()), focus.isEmpty() ? QStringList() : QStringList{focus});
+    QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(host->frame());
+    QAccessibleInterface *child = tree->focusChild();
+    QCOMPARE(child ? child->text(QAccessible::Name) : QString(), focus);
+}
+
+// After the focus row was hidden the next key acts from where the focus
+// went, not from the top.
+void tst_KeyboardNavigator::nextKeyActsFromTheHandedOnRow()
 {
     auto host = makeHost();
     QVERIFY(host);
-    QWidget *row = rowNamed(host.get(), QStringLiteral("R0-2"));
-    QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, QPoint(5, row->height() / 2));
-    host->before->setFocus(Qt::TabFocusReason);
-    // The focus row is kept while away: move it off the selected row first.
-    host->frame()->setFocus(Qt::TabFocusReason);
-    press(Qt::Key_Home);
-    host->keys()->setFocusRow(nullptr);
-    host->before->setFocus(Qt::TabFocusReason);
-
-    press(Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(host->frame()));
-    QCOMPARE(host->focusRow(), row);
+    run(host.get(), {"show 2", "tab", "key End", "key Up", "hide 2", "key Space"});
+    QCOMPARE(nameOf(host->focusRow()), QStringLiteral("R2"));
+    QCOMPARE(host->drawer(2)->selIndex(), QList<int>{2});
+    QVERIFY(host->drawer(0)->selIndex() != QList<int>{0});
 }
 
 void tst_KeyboardNavigator::clickGivesFocusToThatRow()

@@ -36,6 +36,9 @@ private slots:
     void offlineSignalSaysSo();
     void selectedStateIsTruthful();
     void rootStatesAreTruthful();
+    void selectedRootsAreTheSelectedOnes_data();
+    void selectedRootsAreTheSelectedOnes();
+    void fourthButtonHasAName();
     void pressActionDoesWhatAClickDoes_data();
     void pressActionDoesWhatAClickDoes();
     void expandAndCollapseActionsUseTheExpandBox();
@@ -131,6 +134,80 @@ void tst_RowAccessible::rootStatesAreTruthful()
              (QStringList{QAccessibleActionInterface::pressAction(), QStringLiteral("collapse")}));
     QCOMPARE(host->row(QStringLiteral("R1-0"))->actionInterface()->actionNames(),
              QStringList{QAccessibleActionInterface::pressAction()});
+}
+
+void tst_RowAccessible::selectedRootsAreTheSelectedOnes_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QString>("selected");
+
+    // "click R1" on the row, "box R1" on its expand box, "select 2" is
+    // setCurSelItem([2]), "select 0,1" setCurSelItem([0, 1]).
+    QTest::newRow("nothing yet") << QStringList() << "";
+    QTest::newRow("setCurSelItem [2]: the roots above are deselected") << QStringList{"select 2"} << "R2";
+    QTest::newRow("click R0, setCurSelItem [2]") << QStringList{"click R0", "select 2"} << "R2";
+    QTest::newRow("each root keeps its own selection") << QStringList{"click R0", "click R1"} << "R0 R1";
+    QTest::newRow("the expand box selects nothing") << QStringList{"box R1", "box R2"} << "";
+    QTest::newRow("a child selected in the same group") << QStringList{"click R0", "click R0-1"} << "";
+    QTest::newRow("setCurSelItem of a child") << QStringList{"click R0", "select 0,1"} << "";
+    QTest::newRow("collapsing a selected root keeps it selected") << QStringList{"click R1", "box R1", "box R1"} << "R1";
+}
+
+// A root row is selected while it is its drawer's selection and shows the
+// selected highlight: not after a deselection by code (the drawer keeps
+// [root] then), nor for the pressed look an expand box leaves.
+void tst_RowAccessible::selectedRootsAreTheSelectedOnes()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(QString, selected);
+
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    for (const QString &step : steps) {
+        const QString arg = step.section(QLatin1Char(' '), 1);
+        QWidget *row = host->row(arg) ? qobject_cast<QWidget *>(host->row(arg)->object()) : nullptr;
+        if (step.startsWith(QLatin1String("select "))) {
+            QList<int> path;
+            for (const QString &n : arg.split(QLatin1Char(',')))
+                path << n.toInt();
+            host->list->setCurSelItem(path);
+        } else if (step.startsWith(QLatin1String("click "))) {
+            QVERIFY(row);
+            const QPoint at = qobject_cast<RootItem *>(row) ? QPoint(row->width() - 60, 3) : QPoint(5, row->height() / 2);
+            QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, at);
+        } else {
+            auto *root = qobject_cast<RootItem *>(row);
+            QVERIFY(root);
+            QTest::mouseClick(root->expandBox(), Qt::LeftButton, Qt::NoModifier, root->expandBox()->rect().center());
+        }
+    }
+    QStringList roots;
+    QAccessibleInterface *tree = host->tree();
+    for (int i = 0; i < tree->childCount(); ++i) {
+        if (tree->child(i)->state().selected)
+            roots << tree->child(i)->text(QAccessible::Name).section(QLatin1Char(','), 0, 0);
+    }
+    QCOMPARE(roots.join(QLatin1Char(' ')), selected);
+}
+
+// All four hover buttons of a child row have names a screen reader reads,
+// the fourth one too (rows whose records flag four buttons).
+void tst_RowAccessible::fourthButtonHasAName()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    SecondItem *row = builtRows(host->drawer(0)).at(1);
+    st_NodeInfoSignal node = row->getNodeInfo();
+    node.showOpBtn = {true, true, true, true};
+    host->list->modifyItemData(QList<int>{0, 1}, node);
+    QStringList names;
+    for (int i = 0; i < 4; ++i) {
+        QToolButton *button = RowButtons::rowButton(row, i);
+        QVERIFY(button);
+        QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(button);
+        names << iface->text(QAccessible::Name);
+    }
+    QCOMPARE(names, (QStringList{"Capture", "Edit", "Delete", "More"}));
 }
 
 void tst_RowAccessible::pressActionDoesWhatAClickDoes_data()

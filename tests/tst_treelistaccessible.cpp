@@ -8,10 +8,15 @@
 #include "AccessibleHost.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
+#include "RootItem.h"
+#include "RowButtons.h"
+#include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
 
 #include <QAccessible>
+#include <QCheckBox>
+#include <QToolButton>
 #include <QElapsedTimer>
 #include <QtTest>
 
@@ -50,6 +55,8 @@ private slots:
     void treeFollowsTheOperations();
     void focusChildIsTheKeyboardFocusRow();
     void accessibilityEvents();
+    void selectionEventsFollowState_data();
+    void selectionEventsFollowState();
 };
 
 void tst_TreeListAccessible::listIsATreeOfVisibleRows()
@@ -138,15 +145,37 @@ void tst_TreeListAccessible::focusChildIsTheKeyboardFocusRow()
     QVERIFY(!host->row(QStringLiteral("R0-0"))->state().focused);
 }
 
+namespace {
+
+// Waits once for the platform to turn accessibility on.
+bool waitForLiveAccessibility()
+{
+    static bool waited = false;
+    QElapsedTimer wait;
+    wait.start();
+    while (!waited && !QAccessible::isActive() && wait.elapsed() < 1000)
+        QTest::qWait(20);
+    waited = true;
+    return QAccessible::isActive();
+}
+
+// A row's selection change as assistive technology hears it.
+QStringList selected(const QString &row)
+{
+    return {"StateChanged " + row, "SelectionAdd " + row};
+}
+QStringList deselected(const QString &row)
+{
+    return {"StateChanged " + row, "SelectionRemove " + row};
+}
+
+} // namespace
+
 // Focus moves and selections raise the matching events. Only where Qt's
 // accessibility is live (CTest "accessible_events": Xvfb and an AT-SPI bus).
 void tst_TreeListAccessible::accessibilityEvents()
 {
-    QElapsedTimer wait;
-    wait.start();
-    while (!QAccessible::isActive() && wait.elapsed() < 1000)
-        QTest::qWait(20);
-    if (!QAccessible::isActive())
+    if (!waitForLiveAccessibility())
         QSKIP("Qt's accessibility is not active on this platform; the accessible_events test runs this");
 
     auto host = AccessibleHost::make();
@@ -159,17 +188,92 @@ void tst_TreeListAccessible::accessibilityEvents()
     QTest::keyClick(host->frame(), Qt::Key_Down);
     QCOMPARE(merged(events.events), (QStringList{"Focus R0", "Focus R0-0", "Focus R0-1"}));
 
-    // A click: focus, then, once the press is handled, the selection.
+    // A click: focus, then, once the press is handled, the selection: the
+    // row joins it, the group's row selected before (the last one added)
+    // leaves it.
     events.events.clear();
-    QWidget *row = qobject_cast<QWidget *>(host->row(QStringLiteral("R0-2"))->object());
+    QWidget *row = qobject_cast<QWidget *>(host->row(QStringLiteral("R0-0"))->object());
     QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, QPoint(5, row->height() / 2));
-    QTRY_COMPARE(merged(events.events), (QStringList{"Focus R0-2", "StateChanged R0-2", "Selection R0-2"}));
+    QTRY_COMPARE(merged(events.events), QStringList{"Focus R0-0"} + selected("R0-0") + deselected("R0-2"));
 
     // Space selects as a click does, with the same events.
     events.events.clear();
-    QTest::keyClick(host->frame(), Qt::Key_Up);
+    QTest::keyClick(host->frame(), Qt::Key_Down);
     QTest::keyClick(host->frame(), Qt::Key_Space);
-    QTRY_COMPARE(merged(events.events), (QStringList{"Focus R0-1", "StateChanged R0-1", "Selection R0-1"}));
+    QTest::qWait(50);
+    // In display order.
+    QVERIFY2(merged(events.events) == QStringList{"Focus R0-1"} + deselected("R0-0") + selected("R0-1"),
+             qPrintable(merged(events.events).join(QStringLiteral(" | "))));
+}
+
+void tst_TreeListAccessible::selectionEventsFollowState_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QStringList>("expected");
+
+    // R0 open, R0-2 selected (the last row added), focus on R0-2, child 1
+    // of every group offers its edit and delete buttons.
+    QTest::newRow("F2 on a child") << "F2" << selected("R0-1") + deselected("R0-2");
+    QTest::newRow("Delete on a child") << "Delete" << selected("R0-1") + deselected("R0-2");
+    QTest::newRow("setCurSelItem of a child") << "select 0,0" << selected("R0-0") + deselected("R0-2");
+    QTest::newRow("setCurSelItem of the selected child") << "select 0,2" << QStringList();
+    // Root 0 collapses (deselected by code): the focus goes to its row.
+    QTest::newRow("setCurSelItem of a root") << "select 1" << QStringList{"Focus R0"} + selected("R1");
+    QTest::newRow("expand box of an unselected root") << "box R1" << QStringList{"Focus R1"};
+    QTest::newRow("click on a root") << "click R1" << QStringList{"Focus R1"} + selected("R1");
+    QTest::newRow("click on the selected child") << "click R0-2" << QStringList();
+    QTest::newRow("capture button") << "capture R0-1" << QStringList{"Focus R0-1"} + selected("R0-1") + deselected("R0-2");
+}
+
+// A selection event whenever a shown row's selected state changes, whatever
+// changed it, and none when it does not.
+void tst_TreeListAccessible::selectionEventsFollowState()
+{
+    QFETCH(QString, action);
+    QFETCH(QStringList, expected);
+    if (!waitForLiveAccessibility())
+        QSKIP("Qt's accessibility is not active on this platform; the accessible_events test runs this");
+
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    st_NodeInfoSignal child = qobject_cast<SecondItem *>(host->row(QStringLiteral("R0-1"))->object())->getNodeInfo();
+    child.showOpBtn = {true, true, true};
+    host->list->modifyItemData(QList<int>{0, 1}, child);
+    QTest::qWait(100);
+    host->frame()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(host->frame(), Qt::Key_End); // R2
+    QTest::keyClick(host->frame(), Qt::Key_Up); // R1
+    QTest::keyClick(host->frame(), Qt::Key_Up); // R0-2
+    QTest::qWait(50);
+
+    AccessibleEvents events;
+    const QString arg = action.section(QLatin1Char(' '), 1);
+    QWidget *row = host->row(arg) ? qobject_cast<QWidget *>(host->row(arg)->object()) : nullptr;
+    if (action == QLatin1String("F2") || action == QLatin1String("Delete")) {
+        QTest::keyClick(host->frame(), Qt::Key_Up); // R0-1
+        events.events.clear();
+        QTest::keyClick(host->frame(), action == QLatin1String("F2") ? Qt::Key_F2 : Qt::Key_Delete);
+    } else if (action.startsWith(QLatin1String("select "))) {
+        QList<int> path;
+        for (const QString &n : arg.split(QLatin1Char(',')))
+            path << n.toInt();
+        host->list->setCurSelItem(path);
+    } else if (action.startsWith(QLatin1String("box "))) {
+        QCheckBox *box = qobject_cast<RootItem *>(row)->expandBox();
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, box->rect().center());
+    } else if (action.startsWith(QLatin1String("click "))) {
+        const QPoint at = qobject_cast<RootItem *>(row) ? QPoint(row->width() - 60, 3) : QPoint(5, row->height() / 2);
+        QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, at);
+    } else if (action.startsWith(QLatin1String("capture "))) {
+        auto *item = qobject_cast<SecondItem *>(row);
+        EventSender::sendEnter(item);
+        QToolButton *capture = RowButtons::rowButton(item, 0);
+        QTRY_VERIFY(capture->isVisible());
+        QTest::mouseClick(capture, Qt::LeftButton);
+    }
+    QTest::qWait(50); // let whatever would follow arrive
+    const QStringList heard = merged(events.events);
+    QVERIFY2(heard == expected, qPrintable(QStringLiteral("heard: ") + heard.join(QStringLiteral(" | "))));
 }
 
 QTEST_MAIN(tst_TreeListAccessible)

@@ -73,5 +73,10 @@
         <comment>accessible action description: delete</comment>
         <translation>Bittet die Anwendung, diese Zeile zu löschen, wie ihre Schaltfläche „Löschen“</translation>
     </message>
+    <message>
+        <source>More</source>
+        <comment>fourth button of a signal row, whose meaning the application gives</comment>
+        <translation>Mehr</translation>
+    </message>
 </context>
 </TS>

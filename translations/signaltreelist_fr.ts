@@ -73,5 +73,10 @@
         <comment>accessible action description: delete</comment>
         <translation>Demande à l’application de supprimer cette ligne, comme son bouton « Supprimer »</translation>
     </message>
+    <message>
+        <source>More</source>
+        <comment>fourth button of a signal row, whose meaning the application gives</comment>
+        <translation>Plus</translation>
+    </message>
 </context>
 </TS>

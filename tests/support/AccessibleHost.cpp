@@ -93,7 +93,11 @@ void AccessibleEvents::handle(QAccessibleEvent *event)
         return; // only the rows' events are of interest here
     const char *type = event->type() == QAccessible::Focus ? "Focus"
         : event->type() == QAccessible::Selection          ? "Selection"
+        : event->type() == QAccessible::SelectionAdd       ? "SelectionAdd"
+        : event->type() == QAccessible::SelectionRemove    ? "SelectionRemove"
         : event->type() == QAccessible::StateChanged       ? "StateChanged"
-                                                           : "Other";
+                                                           : nullptr;
+    if (!type)
+        return; // Qt's own (shown, hidden, created...): not the library's to raise
     s_current->events << QStringLiteral("%1 %2").arg(QLatin1String(type), name);
 }

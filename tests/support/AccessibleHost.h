@@ -34,8 +34,8 @@ struct AccessibleHost
     static std::unique_ptr<AccessibleHost> make();
 };
 
-// Records the accessibility events the library raises while alive, as
-// "Focus R0-1" or "StateChanged R0-1" (the row's first name line).
+// Records the focus, selection and state events raised for rows while
+// alive, as "Focus R0-1" or "SelectionAdd R0-1" (the row's first name line).
 class AccessibleEvents
 {
 public:
