@@ -320,11 +320,10 @@ bool KeyboardNavigator::setExpanded(QWidget *root, bool expand)
 bool KeyboardNavigator::isSelected(const QWidget *row)
 {
     if (auto *root = qobject_cast<const RootItem *>(row)) {
-        // The drawer keeps [root] after deselecting by code too, and an
-        // expand or collapse highlights the name without selecting: only
-        // both together are a selected root.
+        // The drawer's selection is the root row, and the root was selected
+        // (a deselection by code leaves the drawer at [root] too).
         const DrawerControl *drawer = drawerOf(row);
-        return drawer && drawer->getIsRootSel() && drawer->selIndex().size() == 1 && root->isNameHighlighted();
+        return drawer && drawer->getIsRootSel() && drawer->selIndex().size() == 1 && root->isSelected();
     }
     return qobject_cast<const SecondItem *>(row) && row->property("isSecondItem").toString() == QLatin1String("press");
 }

@@ -85,8 +85,9 @@ public:
     /// Whether @p root (a root row) shows its children.
     static bool isExpanded(const QWidget *root);
     /// Whether @p row is selected: a child row in its selected look; a root
-    /// row that is its drawer's selection and shows the selected highlight
-    /// (an expanded root looks pressed without being selected).
+    /// row that is its drawer's selection and was selected, by a press or by
+    /// code, since it was last deselected by code (an expanded root looks
+    /// pressed without being selected).
     static bool isSelected(const QWidget *row);
     /// The edit (@p edit true) or delete button of @p row when the row
     /// offers it (its flags show it on hover); null otherwise.

@@ -41,6 +41,7 @@ RootItem::RootItem(QWidget *parent)
     , m_stNodeInfo()
     , m_iItemIndex(-1)
     , m_bIsPressed(false)
+    , m_bIsSelected(false)
 {
     setObjectName(QStringLiteral("RootItem"));
     setProperty("isTarn", true);
@@ -251,6 +252,7 @@ void RootItem::setExpand(bool bIsExpand)
 void RootItem::setSelected(bool bIsSelected)
 {
     m_bIsPressed = bIsSelected;
+    m_bIsSelected = bIsSelected;
     // setExpand takes the press path, so a deselected root keeps its press
     // look; only the upper line follows the selection.
     setExpand(bIsSelected);
@@ -280,6 +282,7 @@ void RootItem::mousePressEvent(QMouseEvent *event)
 {
     Q_UNUSED(event)
     m_bIsPressed = true;
+    m_bIsSelected = true;
     applyPressLook();
     emit signal_OnSelectRootItem();
 }
@@ -375,7 +378,7 @@ QCheckBox *RootItem::expandBox() const
     return m_pExpandBox;
 }
 
-bool RootItem::isNameHighlighted() const
+bool RootItem::isSelected() const
 {
-    return m_qlUpper && m_qlUpper->property("isUpOnline").toBool();
+    return m_bIsSelected;
 }

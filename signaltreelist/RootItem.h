@@ -77,8 +77,10 @@ public:
     bool showsEditButton() const;
     bool showsDeleteButton() const;
     QCheckBox *expandBox() const;
-    /// Whether the upper line shows the selected highlight ("isUpOnline").
-    bool isNameHighlighted() const;
+    /// Whether the last selecting act was a press or setSelected(true)
+    /// rather than setSelected(false). The look cannot tell: a deselected
+    /// root keeps "press", and an expand or collapse highlights the name.
+    bool isSelected() const;
 
 signals:
     void signal_OnIsShowChildItems(bool bIsShow);
@@ -116,6 +118,7 @@ private:
     st_NodeInfoSignal m_stNodeInfo;
     int m_iItemIndex;
     bool m_bIsPressed;
+    bool m_bIsSelected;
     // Every look change re-polishes the widgets concerned; these skip the
     // re-polishes that could not change anything.
     RepolishGuard m_guardSelf;

@@ -151,11 +151,13 @@ void tst_RowAccessible::selectedRootsAreTheSelectedOnes_data()
     QTest::newRow("a child selected in the same group") << QStringList{"click R0", "click R0-1"} << "";
     QTest::newRow("setCurSelItem of a child") << QStringList{"click R0", "select 0,1"} << "";
     QTest::newRow("collapsing a selected root keeps it selected") << QStringList{"click R1", "box R1", "box R1"} << "R1";
+    QTest::newRow("the expand box of a root deselected by code") << QStringList{"select 2", "box R0"} << "R2";
+    QTest::newRow("a click after a deselection by code") << QStringList{"select 2", "box R0", "click R0"} << "R0 R2";
 }
 
-// A root row is selected while it is its drawer's selection and shows the
-// selected highlight: not after a deselection by code (the drawer keeps
-// [root] then), nor for the pressed look an expand box leaves.
+// A root row is selected while it is its drawer's selection and was
+// selected: not after a deselection by code (the drawer keeps [root] then),
+// nor for the pressed look and highlighted name an expand box leaves.
 void tst_RowAccessible::selectedRootsAreTheSelectedOnes()
 {
     QFETCH(QStringList, steps);

@@ -48,6 +48,7 @@ struct HandedTexts
         r.texts[QStringLiteral("root edit")] = rootRow->editButton()->accessibleName();
         r.texts[QStringLiteral("child delete")] = child->deleteButton()->accessibleName();
         r.texts[QStringLiteral("child capture")] = RowButtons::rowButton(child, 0)->accessibleName();
+        r.texts[QStringLiteral("child fourth")] = RowButtons::rowButton(child, 3)->accessibleName();
         return r;
     }
 };
@@ -162,6 +163,8 @@ void tst_Translations::switchesToEachLanguageAndBack()
              catalogue.translate("Input signals", "accessible name of the list"));
     QCOMPARE(translated.texts.value(QStringLiteral("root edit")),
              catalogue.translate("Edit", "button of a row: edit the signal or group"));
+    QCOMPARE(translated.texts.value(QStringLiteral("child fourth")),
+             catalogue.translate("More", "fourth button of a signal row, whose meaning the application gives"));
 
     const int before = counting->retranslations;
     QVERIFY(!SignalTreeList::installTranslations(QLocale(QLocale::English)));
