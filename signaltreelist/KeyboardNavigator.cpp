@@ -179,6 +179,7 @@ KeyboardNavigator::Mark KeyboardNavigator::markOf(QWidget *row)
     Mark mark;
     mark.drawer = drawerOf(row);
     mark.row = row;
+    mark.built = row != nullptr;
     mark.child = mark.drawer ? mark.drawer->secondItems().indexOf(qobject_cast<SecondItem *>(row)) : -1;
     mark.stamp = ++m_clock;
     return mark;
@@ -188,8 +189,8 @@ QWidget *KeyboardNavigator::resolve(const Mark &mark) const
 {
     if (mark.row)
         return drawerOf(mark.row) == mark.drawer ? mark.row.data() : nullptr;
-    if (!mark.drawer)
-        return nullptr;
+    if (mark.built || !mark.drawer)
+        return nullptr; // that row is gone
     // Named before its rows were built.
     return mark.child < 0 ? static_cast<QWidget *>(mark.drawer->rootItem()) : mark.drawer->secondItems().value(mark.child);
 }
@@ -207,6 +208,7 @@ void KeyboardNavigator::noteHostSelection(DrawerControl *drawer, int child)
     m_lastSelected.drawer = drawer;
     m_lastSelected.child = child;
     m_lastSelected.row = child < 0 ? static_cast<QWidget *>(drawer->rootItem()) : drawer->secondItems().value(child);
+    m_lastSelected.built = m_lastSelected.row != nullptr;
     m_lastSelected.stamp = ++m_clock;
     m_tabTarget = m_lastSelected;
     scheduleSync();

@@ -119,6 +119,7 @@ private:
         QPointer<DrawerControl> drawer;
         QPointer<QWidget> row;
         int child = -1; // -1: the root row
+        bool built = false; // a widget when marked: once gone, gone
         quint64 stamp = 0;
     };
 

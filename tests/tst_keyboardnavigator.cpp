@@ -250,6 +250,8 @@ private slots:
     void buttonKeysPressTheFlaggedButtons();
     void unusedKeysGoToTheParent();
     void hostMayDeleteTheListFromAKey();
+    void hostReactionsKeepTheFocusConsistent_data();
+    void hostReactionsKeepTheFocusConsistent();
 };
 
 void tst_KeyboardNavigator::initTestCase()
@@ -311,6 +313,8 @@ void tst_KeyboardNavigator::focusFollowsTheRules_data()
         << 3 << QStringList{"click R0-2", "key Home", "leave", "tab"} << "R0";
     QTest::newRow("focus row deleted while away: the selection")
         << 3 << QStringList{"click R0-2", "key Up", "leave", "delete 0,1", "tab"} << "R0-2";
+    QTest::newRow("focus row deleted while away, selection in another group")
+        << 3 << QStringList{"show 1", "click R1-0", "click R0-0", "key Down", "leave", "delete 0,1", "tab"} << "R0-0";
     QTest::newRow("focus row hidden while away: the selection")
         << 3 << QStringList{"select 1", "tab", "key Down", "key Down", "leave", "hide 1", "tab"} << "R1";
 
@@ -648,6 +652,71 @@ void tst_KeyboardNavigator::hostMayDeleteTheListFromAKey()
     press(Qt::Key_Space);
     QVERIFY(list.isNull());
     QTRY_VERIFY(frame.isNull());
+}
+
+void tst_KeyboardNavigator::hostReactionsKeepTheFocusConsistent_data()
+{
+    QTest::addColumn<QString>("trigger");
+    QTest::addColumn<QString>("reaction");
+    for (const char *trigger : {"Space", "F2", "setCurSelItem"}) {
+        for (const char *reaction : {"delete the row", "delete the group", "collapse", "clear", "delete the list"})
+            QTest::addRow("%s, host: %s", trigger, reaction) << trigger << reaction;
+    }
+}
+
+// The host answers the signal a key or its own call raises by removing or
+// hiding the focus row, or the whole list: nothing breaks, and once the
+// event loop has run the focus is on a shown row with the focus look.
+void tst_KeyboardNavigator::hostReactionsKeepTheFocusConsistent()
+{
+    QFETCH(QString, trigger);
+    QFETCH(QString, reaction);
+
+    auto host = makeHost();
+    QVERIFY(host);
+    QPointer<SignalTreeList> list = host->list;
+    host->list->setIsShowChildItem(1, true);
+    const auto react = [&list, reaction](const QList<int> &path) {
+        if (!list || path.size() != 2)
+            return;
+        if (reaction == QLatin1String("delete the row"))
+            list->deleteChildeItem(path);
+        else if (reaction == QLatin1String("delete the group"))
+            list->deleteRootItem(path.first());
+        else if (reaction == QLatin1String("collapse"))
+            list->setIsShowChildItem(path.first(), false);
+        else if (reaction == QLatin1String("clear"))
+            list->clearTree();
+        else
+            delete list.data();
+    };
+    connect(list, &SignalTreeList::signal_OnEditBtnClicked, list, react);
+    connect(list, &SignalTreeList::signal_OnCurrentItemClicked, list, [&](const QList<int> &path) {
+        if (trigger != QLatin1String("F2"))
+            react(path);
+    });
+    host->frame()->setFocus(Qt::TabFocusReason);
+    host->keys()->setFocusRow(rowNamed(host.get(), QStringLiteral("R1-1")));
+    settle();
+
+    if (trigger == QLatin1String("Space"))
+        press(Qt::Key_Space);
+    else if (trigger == QLatin1String("F2"))
+        press(Qt::Key_F2);
+    else
+        host->list->setCurSelItem(QList<int>{1, 1});
+    settle();
+
+    if (!list)
+        return; // deleted from its own signal, and freed
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(host->frame()));
+    QWidget *row = host->focusRow();
+    const QString name = nameOf(row);
+    QCOMPARE(rowsWithFocusLook(host.get()), row ? QStringList{name} : QStringList());
+    if (reaction == QLatin1String("clear"))
+        QVERIFY(!row);
+    else
+        QVERIFY2(row, qPrintable(reaction));
 }
 
 QTEST_MAIN(tst_KeyboardNavigator)
