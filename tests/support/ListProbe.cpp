@@ -45,9 +45,12 @@ QString recordText(const st_NodeInfoSignal &n)
 // One widget: what it is, where it is relative to @p origin, what it shows.
 QString widgetText(const QWidget *w, const QWidget *origin)
 {
+    // By name: the order Qt keeps them in is the order they were first set,
+    // which no host sees.
     QStringList props;
     for (const QByteArray &name : w->dynamicPropertyNames())
         props << QStringLiteral("%1=%2").arg(QString::fromLatin1(name), w->property(name.constData()).toString());
+    props.sort();
     QString text;
     if (auto *label = qobject_cast<const QLabel *>(w))
         text = label->text();
