@@ -125,6 +125,7 @@ void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
     // wait for the first expansion.
     if (m_pPending) {
         m_pPending->addBatch(nodes, n, rootIndex, rootNode, m_bIsLockSel);
+        notePolishOfNewRows();
     } else {
         createBatch(nodes, n, rootIndex, rootNode, m_bIsLockSel);
     }
@@ -189,6 +190,7 @@ void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int chi
     // Rows wait only while nobody can see them.
     if (m_pPending && m_pContainer->isHidden()) {
         m_pPending->addSingle(node, rootIndex, childIndex, m_bIsLockSel);
+        notePolishOfNewRows();
     } else {
         buildRows();
         createSingle(node, rootIndex, childIndex, m_bIsLockSel);
@@ -234,6 +236,10 @@ void DrawerControl::buildRows()
             break;
         case PendingRows::Step::Renumber:
             renumberRows();
+            break;
+        case PendingRows::Step::Polish:
+            for (SecondItem *pItem : qAsConst(m_lstSecondItem))
+                pItem->ensurePolished();
             break;
         }
     }
@@ -558,6 +564,31 @@ void DrawerControl::reportSelection(void (DrawerControl::*signal)(QList<int>))
     // root row button whose click led here, alive until the slot returns.
     const HandlerGuard guard(this);
     emit(this->*signal)(m_lstSelIndex);
+}
+
+void DrawerControl::notePolishOfNewRows()
+{
+    // Rows added to a drawer Qt has polished are polished in the event loop's
+    // next turn, when the container's layout asks them for their sizes: the
+    // calls made after that fit their texts with the style sheet's fonts.
+    if (!testAttribute(Qt::WA_WState_Polished))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_pPending)
+                m_pPending->polish();
+        },
+        Qt::QueuedConnection);
+}
+
+bool DrawerControl::event(QEvent *event)
+{
+    // Qt polishes the rows with the drawer, the first time it is shown: the
+    // rows waiting to be built note when, to be polished at that point.
+    if (event->type() == QEvent::Polish && m_pPending)
+        m_pPending->polish();
+    return CLanguageTranslateFrame::event(event);
 }
 
 void DrawerControl::mousePressEvent(QMouseEvent *event)

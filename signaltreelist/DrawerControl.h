@@ -138,6 +138,7 @@ private slots:
     void slot_releaseDrag();
 
 protected:
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -153,6 +154,7 @@ private:
     void createSingle(const st_NodeInfoSignal &node, int rootIndex, int childIndex, bool locked);
     void applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode);
     void pressRow(int index);
+    void notePolishOfNewRows();
     void renumberRows();
     /// Child rows, built or waiting.
     int rowCount() const;

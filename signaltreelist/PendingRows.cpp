@@ -64,11 +64,18 @@ void PendingRows::renumber()
     append(step);
 }
 
+void PendingRows::polish()
+{
+    Step step;
+    step.kind = Step::Polish;
+    append(step);
+}
+
 void PendingRows::append(Step step)
 {
-    // A selection look or a renumbering is wholly redone by the next one of
-    // its kind when nothing came between.
-    if (!m_steps.isEmpty() && (step.kind == Step::Press || step.kind == Step::Renumber)
+    // A selection look, a renumbering or a polish is wholly redone by the
+    // next one of its kind when nothing came between.
+    if (!m_steps.isEmpty() && (step.kind == Step::Press || step.kind == Step::Renumber || step.kind == Step::Polish)
         && m_steps.constLast().kind == step.kind) {
         m_steps.last() = std::move(step);
         return;

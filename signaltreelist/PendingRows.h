@@ -28,7 +28,8 @@
  *
  * Consecutive selection looks and renumberings replace each other: only the
  * last of a run can be seen, so the list of steps stays as long as the
- * list of structural changes.
+ * list of structural changes. The moment the drawer was polished is kept
+ * too: from then on the calls fit texts with the style sheet's fonts.
  */
 class PendingRows
 {
@@ -42,6 +43,7 @@ public:
             Modify,   ///< modifySecondItemData(index, node)
             Press,    ///< selected look on row index, normal on the others
             Renumber, ///< setRootIndex: every row gets its position as child index
+            Polish,   ///< the drawer was polished: so were the rows it had then
         };
         Kind kind = Batch;
         QList<st_NodeInfoSignal> nodes;
@@ -67,6 +69,10 @@ public:
     void modify(int index, const st_NodeInfoSignal &node, const st_NodeInfoSignal &root);
     void press(int index);
     void renumber();
+    /// The drawer was polished (Qt polishes the rows it holds with it); rows
+    /// built later are polished only when they are first shown. The fits of
+    /// later calls use the polished fonts.
+    void polish();
 
 private:
     void append(Step step);

@@ -39,12 +39,23 @@ void RepolishGuard::repolish(QWidget *widget)
         return;
     style->unpolish(widget);
     style->polish(widget);
+    keepHeight(widget);
     if (styleSheet) {
         record(widget);
     } else {
         m_levels = QVector<Level>();
         m_properties = QVector<Property>();
     }
+}
+
+void RepolishGuard::keepHeight(QWidget *widget) const
+{
+    if (!widget || m_iFixedHeight < 0)
+        return;
+    if (!widget->property("_q_stylesheet_minh").toBool() && widget->minimumHeight() != m_iFixedHeight)
+        widget->setMinimumHeight(m_iFixedHeight);
+    if (!widget->property("_q_stylesheet_maxh").toBool() && widget->maximumHeight() != m_iFixedHeight)
+        widget->setMaximumHeight(m_iFixedHeight);
 }
 
 bool RepolishGuard::unchanged(const QWidget *widget) const

@@ -40,6 +40,14 @@ class RepolishGuard
 public:
     void repolish(QWidget *widget);
 
+    /// The widget fixed its own height to @p height (-1: it did not).
+    void keepFixedHeight(int height) { m_iFixedHeight = height; }
+    /// Gives the widget its fixed height back where the style sheet no
+    /// longer sets a minimum or maximum height: when a rule that did stops
+    /// applying, Qt's style sheet style resets them to 0 and unbounded,
+    /// which would let the row shrink to whatever its layout allows.
+    void keepHeight(QWidget *widget) const;
+
 private:
     /// One widget of the chain from the re-polished widget up to its window.
     struct Level
@@ -63,6 +71,7 @@ private:
     /// properties of all levels follow each other in m_properties.
     QVector<Level> m_levels;
     QVector<Property> m_properties;
+    int m_iFixedHeight = -1;
 };
 
 #endif // SIGNALTREELIST_REPOLISHGUARD_H

@@ -50,6 +50,7 @@ RootItem::RootItem(QWidget *parent)
     m_guardSelf.repolish(this);
 
     setFixedHeight(45);
+    m_guardSelf.keepFixedHeight(45);
     setAcceptDrops(true);
 }
 

@@ -170,6 +170,7 @@ SecondItem::SecondItem(QWidget *parent)
     setProperty("isTarn", true);
     setProperty("isSecondItem", QStringLiteral("normal"));
     setFixedHeight(40);
+    m_guardSelf.keepFixedHeight(40);
 }
 
 SecondItem::~SecondItem() = default;

@@ -196,6 +196,8 @@ private slots:
     // Hover comes only from the events the tests send.
     void initTestCase() { EventSender::parkPointer(); }
     void constructionDefaults();
+    void heightRulesOfTheSheetLeaveTheFixedHeight_data();
+    void heightRulesOfTheSheetLeaveTheFixedHeight();
     void callsBeforeInitItemDoNotCrash();
     void initItemBuildsChildren();
     void layoutOrder();
@@ -1112,6 +1114,43 @@ void tst_SecondItem::languageChangeDoesNothing()
     QCoreApplication::sendEvent(&item, &change);
     QCOMPARE(partsOf(&item).upper->text(), QStringLiteral("up"));
     QCOMPARE(prop(&item, "isSecondItem"), QStringLiteral("normal"));
+}
+
+void tst_SecondItem::heightRulesOfTheSheetLeaveTheFixedHeight_data()
+{
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<int>("pressedHeight"); // -1: whatever Qt makes of it
+    QTest::newRow("min and max") << "min-height: 48px; max-height: 48px;" << 48;
+    QTest::newRow("min only") << "min-height: 44px;" << -1;
+    QTest::newRow("max only") << "max-height: 30px;" << 30;
+}
+
+// A host rule that sizes the pressed look applies while the row is pressed;
+// once it no longer applies the row is 40 px again (Qt's style sheet style
+// resets a minimum and maximum height it set to 0 and unbounded).
+void tst_SecondItem::heightRulesOfTheSheetLeaveTheFixedHeight()
+{
+    QFETCH(QString, rule);
+    QFETCH(int, pressedHeight);
+    qApp->setStyleSheet(QStringLiteral("#SignalSecondItem[isSecondItem=\"press\"] { %1 }").arg(rule));
+    auto item = makeShownItem();
+    QVERIFY(item);
+    QCOMPARE(item->minimumHeight(), 40);
+    QCOMPARE(item->maximumHeight(), 40);
+
+    QTest::mouseClick(item.get(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 20));
+    QCOMPARE(item->property("isSecondItem").toString(), QStringLiteral("press"));
+    if (pressedHeight >= 0)
+        QCOMPARE(item->maximumHeight(), pressedHeight);
+
+    item->setPressed(false);
+    QCOMPARE(item->minimumHeight(), 40);
+    QCOMPARE(item->maximumHeight(), 40);
+    item->setPressed(true);
+    item->setPressed(false);
+    QCOMPARE(item->minimumHeight(), 40);
+    QCOMPARE(item->maximumHeight(), 40);
+    qApp->setStyleSheet(QString());
 }
 
 QTEST_MAIN(tst_SecondItem)

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScreen>
 #include <QScrollBar>
 
 namespace {
@@ -51,14 +52,18 @@ QString widgetText(const QWidget *w, const QWidget *origin)
     for (const QByteArray &name : w->dynamicPropertyNames())
         props << QStringLiteral("%1=%2").arg(QString::fromLatin1(name), w->property(name.constData()).toString());
     props.sort();
+    // Nor has it a text on screen: a label is always given its text anew
+    // before it is shown again.
+    const bool shown = w->isVisibleTo(origin);
     QString text;
-    if (auto *label = qobject_cast<const QLabel *>(w))
+    if (!shown)
+        text = QStringLiteral("(hidden)");
+    else if (auto *label = qobject_cast<const QLabel *>(w))
         text = label->text();
     else if (auto *button = qobject_cast<const QAbstractButton *>(w))
         text = button->text() + (button->isChecked() ? QStringLiteral(" checked") : QString());
     // A hidden widget has no place on screen: Qt leaves whatever geometry it
     // had, or never laid it out.
-    const bool shown = w->isVisibleTo(origin);
     return QStringLiteral("%1 '%2' %3 {%4} tip='%5' text='%6' name='%7'")
         .arg(QString::fromLatin1(w->metaObject()->className()), w->objectName(),
              shown ? rectText(QRect(w->mapTo(origin, QPoint(0, 0)), w->size())) : QStringLiteral("hidden"),
@@ -167,6 +172,13 @@ QStringList ListProbe::dump(SignalTreeList *list)
 
 QImage ListProbe::picture(SignalTreeList *list)
 {
+    // What the window shows, read from the platform: QWidget::grab() would
+    // render, and rendering delivers the pending resize events of hidden
+    // rows, which refits their texts.
     QWidget *frame = list->getSignalTreeListFrame();
-    return frame ? frame->grab().toImage() : QImage();
+    QScreen *screen = frame ? frame->screen() : nullptr;
+    if (!screen || !frame->isVisible())
+        return QImage();
+    const QPoint at = frame->mapTo(frame->window(), QPoint(0, 0));
+    return screen->grabWindow(frame->window()->winId(), at.x(), at.y(), frame->width(), frame->height()).toImage();
 }

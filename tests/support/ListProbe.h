@@ -19,7 +19,8 @@ namespace ListProbe {
 
 QStringList dump(SignalTreeList *list);
 
-// The list's viewport as it is drawn now.
+// The list as its window shows it now (read from the platform, without
+// rendering anything).
 QImage picture(SignalTreeList *list);
 
 } // namespace ListProbe
