@@ -22,6 +22,13 @@
 
 #include <algorithm>
 
+bool TreeListFrame::s_bRebuildEveryTime = false;
+
+void TreeListFrame::setRebuildEveryTime(bool every)
+{
+    s_bRebuildEveryTime = every;
+}
+
 TreeListFrame::TreeListFrame(QWidget *parent)
     : CLanguageTranslateFrame(parent)
     , m_pDrawerContainer(nullptr)
@@ -99,6 +106,43 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
     connect(pDrawer, &DrawerControl::signal_OnDeleteBtnClicked, this,
             &TreeListFrame::signal_OnDeleteBtnClicked);
 
+    if (s_bRebuildEveryTime || !insertIntoOrderedLayout(pDrawer))
+        rebuildContainerLayout();
+    KeyboardNavigator::rowsChanged(this);
+}
+
+bool TreeListFrame::insertIntoOrderedLayout(DrawerControl *pDrawer)
+{
+    // The rebuild below leaves the drawers in list order and one stretch.
+    // While the layout is still exactly that (no released drawer waiting
+    // for its deletion, nothing else put in), rebuilding after one more
+    // drawer gives the same items as putting it in its place: done so in
+    // one insertion instead of re-adding every drawer.
+    const int count = m_pContainerLayout->count();
+    int position = -1;
+    int item = 0;
+    for (DrawerControl *pEntry : qAsConst(m_lstDrawers)) {
+        if (!pEntry)
+            return false;
+        if (pEntry == pDrawer) {
+            position = item;
+            continue;
+        }
+        if (item >= count - 1 || m_pContainerLayout->itemAt(item)->widget() != pEntry)
+            return false;
+        ++item;
+    }
+    QLayoutItem *pLast = count > 0 ? m_pContainerLayout->itemAt(count - 1) : nullptr;
+    if (position < 0 || item != count - 1 || !pLast || !pLast->spacerItem())
+        return false;
+    delete m_pContainerLayout->takeAt(count - 1);
+    m_pContainerLayout->insertWidget(position, pDrawer);
+    m_pContainerLayout->addStretch(0);
+    return true;
+}
+
+void TreeListFrame::rebuildContainerLayout()
+{
     // Only ceil(count/2) items go: the count is re-read on every pass.
     // Drawers still in the layout move to their new place when re-added.
     // Taking the last item and invalidating is what removeItem() does for
@@ -126,7 +170,6 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
         m_pContainerLayout->addWidget(pEntry);
     }
     m_pContainerLayout->addStretch(0);
-    KeyboardNavigator::rowsChanged(this);
 }
 
 void TreeListFrame::addRootItem(st_NodeInfoSignal rootNode)

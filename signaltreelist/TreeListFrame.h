@@ -56,6 +56,11 @@ public:
     void setSignalRootName(QString name);
     void reTranslateUI() override;
 
+    /// Test switch: containers rebuild their layout the long way on every
+    /// new drawer, as the list did before it inserted it in one step. Off
+    /// by default.
+    static void setRebuildEveryTime(bool every);
+
     // Read access for tests and diagnostics.
     QList<DrawerControl *> drawers() const;
     QList<int> dragSource() const;
@@ -80,6 +85,11 @@ private slots:
 
 private:
     DrawerControl *drawerAt(int root) const;
+    /// Puts @p pDrawer, just inserted into the list, into its place in the
+    /// container layout when that gives what a rebuild would; false if not.
+    bool insertIntoOrderedLayout(DrawerControl *pDrawer);
+    /// Half-clears the container layout, re-adds every drawer and a stretch.
+    void rebuildContainerLayout();
     void releaseDrawer(DrawerControl *pDrawer);
     void getNodeByIndex(const QList<int> &path, st_NodeInfoSignal &node);
     st_NodeInfoSignal getNewRootNode();
@@ -95,6 +105,7 @@ private:
     QList<int> m_lstDragSrc;
     QList<int> m_lstDragDst;
     QStringList m_qlRootName;
+    static bool s_bRebuildEveryTime;
 };
 
 #endif // SIGNALTREELIST_TREELISTFRAME_H
