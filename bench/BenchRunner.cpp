@@ -308,23 +308,6 @@ void BenchRunner::printResults()
     m_out.flush();
 }
 
-namespace {
-
-// The resident set now (VmRSS of /proc/self/status), in kB; -1 if unknown.
-long residentKiB()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLong();
-    }
-    return -1;
-}
-
-} // namespace
-
 void BenchRunner::runRoom(const QString &subjectKey, int reps)
 {
     m_subjects = QStringList{subjectKey};
@@ -336,7 +319,7 @@ void BenchRunner::runRoom(const QString &subjectKey, int reps)
         record(subjectKey, QStringLiteral("room-first-paint"), opFirstPaintCollapsed(*subject));
         if (rep == 0) {
             m_out << "ROOMRSS\t" << m_content.sizeText() << '\t' << m_style << '\t' << subjectKey << '\t'
-                  << residentKiB() << '\n';
+                  << BenchSubject::residentKiB() << '\n';
         }
         record(subjectKey, QStringLiteral("room-expand-one"), opExpand(*subject, middle));
         record(subjectKey, QStringLiteral("room-expand-all"), opExpandAll(*subject));

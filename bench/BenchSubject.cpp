@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QWidget>
 #include <QWindow>
@@ -63,6 +64,18 @@ void BenchSubject::drainEvents()
         if (!eventsLeft(didWork))
             return;
     }
+}
+
+long BenchSubject::residentKiB()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toLong();
+    }
+    return -1;
 }
 
 void BenchSubject::showAndExpose()

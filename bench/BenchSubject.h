@@ -64,6 +64,9 @@ public:
     /// Delivers every posted event, deferred deletions included, until none
     /// is left (bounded).
     static void drainEvents();
+    /// The resident set now (VmRSS of /proc/self/status), in kB; -1 if
+    /// unknown.
+    static long residentKiB();
     /// Shows the window at the bench size and waits until it is exposed.
     void showAndExpose();
 

@@ -8,6 +8,8 @@
 //          [--no-warmup]
 //          [--subjects stl,tree,treewidgets,floor] [--ops build,show,...]
 //   --case memory --size 256x16 --look none|sheet --subject floor
+//   --case live --size 1024x16 --look none|sheet [--reps ROUNDS]
+//          (the live control room: a poller flips every signal each round)
 //   --case report FILE...      (Markdown tables from the lines printed above)
 //
 // Times are the GUI thread's CPU time by default (the machines are shared;
@@ -20,6 +22,7 @@
 #include "BenchContent.h"
 #include "BenchReport.h"
 #include "BenchRunner.h"
+#include "LiveRoom.h"
 
 #include <QApplication>
 #include <QFile>
@@ -50,6 +53,7 @@ int usage()
                  "                            [--subjects a,b] [--ops a,b] [--qss PATH]\n"
                  "       signaltreelist_bench --case memory --size RxC --look none|sheet --subject KEY\n"
                  "       signaltreelist_bench --case room --size RxC --look none|sheet --subject KEY [--reps N]\n"
+                 "       signaltreelist_bench --case live --size RxC --look none|sheet [--reps ROUNDS]\n"
                  "                            [--clock cpu|wall]\n"
                  "       signaltreelist_bench --case report FILE...\n");
     return 2;
@@ -102,7 +106,8 @@ int main(int argc, char **argv)
         report.write(out);
         return 0;
     }
-    if (mode != QLatin1String("timing") && mode != QLatin1String("memory") && mode != QLatin1String("room"))
+    if (mode != QLatin1String("timing") && mode != QLatin1String("memory") && mode != QLatin1String("room")
+        && mode != QLatin1String("live"))
         return usage();
 
     int roots = 0;
@@ -133,6 +138,10 @@ int main(int argc, char **argv)
     }
 
     const BenchContent content(roots, children);
+    if (mode == QLatin1String("live")) {
+        runLiveRoom(content, style, reps, out);
+        return 0;
+    }
     BenchRunner runner(content, style, out);
     runner.setWallClock(clock == QLatin1String("wall"));
     runner.setWarmUp(warmUp);
