@@ -125,7 +125,7 @@ void KeyboardNavigator::setFocusRow(QWidget *row, bool scroll)
     if (m_pFocusRow != row)
         publish(m_pFocusRow, false);
     m_pFocusRow = row;
-    m_focusPlace = placeOf(row, visibleRows());
+    m_focusPlace = placeOf(row);
     if (!row)
         return;
     m_tabTarget = markOf(row);
@@ -140,11 +140,11 @@ void KeyboardNavigator::setFocusRow(QWidget *row, bool scroll)
     }
 }
 
-KeyboardNavigator::Place KeyboardNavigator::placeOf(QWidget *row, const QList<QWidget *> &rows) const
+KeyboardNavigator::Place KeyboardNavigator::placeOf(QWidget *row) const
 {
     Place place;
     DrawerControl *drawer = drawerOf(row);
-    if (!row || !drawer || !rows.contains(row))
+    if (!drawer)
         return place;
     place.drawer = drawer;
     place.rootPos = rootRows(m_pFrame).indexOf(drawer->rootItem());
@@ -205,11 +205,11 @@ void KeyboardNavigator::noteHostSelection(DrawerControl *drawer, int child)
     st_NodeInfoSignal unused;
     if (!drawer || !drawer->rootItem() || (child >= 0 && drawer->getSecondNodeInfo(child, unused) == 0))
         return; // names no row
+    QWidget *row = child < 0 ? static_cast<QWidget *>(drawer->rootItem()) : drawer->secondItems().value(child);
+    m_lastSelected = markOf(row);
+    // A row not built yet (its group was never opened) goes by its place.
     m_lastSelected.drawer = drawer;
     m_lastSelected.child = child;
-    m_lastSelected.row = child < 0 ? static_cast<QWidget *>(drawer->rootItem()) : drawer->secondItems().value(child);
-    m_lastSelected.built = m_lastSelected.row != nullptr;
-    m_lastSelected.stamp = ++m_clock;
     m_tabTarget = m_lastSelected;
     scheduleSync();
 }
@@ -264,7 +264,7 @@ void KeyboardNavigator::sync()
         m_pActedOn = nullptr;
     }
     if (m_pFocusRow && rows.contains(m_pFocusRow)) {
-        m_focusPlace = placeOf(m_pFocusRow, rows);
+        m_focusPlace = placeOf(m_pFocusRow);
     } else if (m_pFrame->hasFocus() && m_focusPlace.rootPos >= 0) {
         // The focus row was removed or hidden under the user's eyes: the
         // focus stays in the list, on the nearest row.

@@ -128,7 +128,7 @@ private:
     QWidget *rowAt(QObject *object) const;
     QWidget *pageStep(QWidget *from, int direction) const;
     void publish(QWidget *row, bool focused);
-    Place placeOf(QWidget *row, const QList<QWidget *> &rows) const;
+    Place placeOf(QWidget *row) const;
     QWidget *nearest(const Place &place, const QList<QWidget *> &rows) const;
     Mark markOf(QWidget *row);
     QWidget *resolve(const Mark &mark) const;

@@ -26,6 +26,7 @@
 #include "ListProbe.h"
 #include "MessageCapture.h"
 #include "RootItem.h"
+#include "RowClick.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
@@ -274,16 +275,15 @@ Step makeStep(Script &s, const Side &reference)
                     QWidget *row = side.row(target);
                     if (!row)
                         return;
-                    QWidget *widget = row;
-                    QPoint point = target.size() == 1 ? QPoint(row->width() - 60, 3) : QPoint(5, row->height() / 2);
-                    if (box) {
-                        widget = qobject_cast<RootItem *>(row)->expandBox();
-                        point = widget->rect().center();
+                    if (!box) {
+                        RowClick::click(row, twice);
+                        return;
                     }
+                    QWidget *widget = qobject_cast<RootItem *>(row)->expandBox();
                     if (twice)
-                        QTest::mouseDClick(widget, Qt::LeftButton, Qt::NoModifier, point);
+                        QTest::mouseDClick(widget, Qt::LeftButton, Qt::NoModifier, widget->rect().center());
                     else
-                        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, point);
+                        QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, widget->rect().center());
                 }};
     }
     if (roll < 88) {

@@ -14,9 +14,11 @@
 #include "NodeFactory.h"
 #include "PixelProbe.h"
 #include "RootItem.h"
+#include "RowClick.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
+#include "TreeText.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -148,14 +150,6 @@ void fill(Host *host, int roots = 3, int children = 3)
     host->list->setIsShowChildItem(0, true);
 }
 
-QList<int> pathOf(const QString &text)
-{
-    QList<int> path;
-    for (const QString &part : text.split(QLatin1Char(',')))
-        path << part.toInt();
-    return path;
-}
-
 // What the event loop does next: queued calls, then deferred deletions.
 void settle()
 {
@@ -181,8 +175,7 @@ void run(Host *host, const QStringList &steps)
         if (verb == QLatin1String("click")) {
             QWidget *row = rowNamed(host, arg);
             QVERIFY2(row, qPrintable(step));
-            const QPoint at = qobject_cast<RootItem *>(row) ? QPoint(row->width() - 80, 3) : QPoint(5, row->height() / 2);
-            QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, at);
+            RowClick::click(row);
         } else if (verb == QLatin1String("key")) {
             QVERIFY2(keys.contains(arg), qPrintable(step));
             press(keys.value(arg));
@@ -192,11 +185,11 @@ void run(Host *host, const QStringList &steps)
             host->before->setFocus(Qt::TabFocusReason);
             QTest::keyClick(host->before, Qt::Key_Tab);
         } else if (verb == QLatin1String("select")) {
-            host->list->setCurSelItem(pathOf(arg));
+            host->list->setCurSelItem(TreeText::pathFromText(arg));
         } else if (verb == QLatin1String("show") || verb == QLatin1String("hide")) {
             host->list->setIsShowChildItem(arg.toInt(), verb == QLatin1String("show"));
         } else if (verb == QLatin1String("delete")) {
-            host->list->deleteChildeItem(pathOf(arg));
+            host->list->deleteChildeItem(TreeText::pathFromText(arg));
         } else if (verb == QLatin1String("deleteRoot")) {
             host->list->deleteRootItem(arg.toInt());
         } else if (verb == QLatin1String("clear")) {

@@ -11,9 +11,11 @@
 #include "HostRecorder.h"
 #include "RowButtons.h"
 #include "RootItem.h"
+#include "RowClick.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
+#include "TreeText.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -169,14 +171,10 @@ void tst_RowAccessible::selectedRootsAreTheSelectedOnes()
         const QString arg = step.section(QLatin1Char(' '), 1);
         QWidget *row = host->row(arg) ? qobject_cast<QWidget *>(host->row(arg)->object()) : nullptr;
         if (step.startsWith(QLatin1String("select "))) {
-            QList<int> path;
-            for (const QString &n : arg.split(QLatin1Char(',')))
-                path << n.toInt();
-            host->list->setCurSelItem(path);
+            host->list->setCurSelItem(TreeText::pathFromText(arg));
         } else if (step.startsWith(QLatin1String("click "))) {
             QVERIFY(row);
-            const QPoint at = qobject_cast<RootItem *>(row) ? QPoint(row->width() - 60, 3) : QPoint(5, row->height() / 2);
-            QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, at);
+            RowClick::click(row);
         } else {
             auto *root = qobject_cast<RootItem *>(row);
             QVERIFY(root);

@@ -9,10 +9,12 @@
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "RootItem.h"
+#include "RowClick.h"
 #include "RowButtons.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
+#include "TreeText.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -254,16 +256,12 @@ void tst_TreeListAccessible::selectionEventsFollowState()
         events.events.clear();
         QTest::keyClick(host->frame(), action == QLatin1String("F2") ? Qt::Key_F2 : Qt::Key_Delete);
     } else if (action.startsWith(QLatin1String("select "))) {
-        QList<int> path;
-        for (const QString &n : arg.split(QLatin1Char(',')))
-            path << n.toInt();
-        host->list->setCurSelItem(path);
+        host->list->setCurSelItem(TreeText::pathFromText(arg));
     } else if (action.startsWith(QLatin1String("box "))) {
         QCheckBox *box = qobject_cast<RootItem *>(row)->expandBox();
         QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, box->rect().center());
     } else if (action.startsWith(QLatin1String("click "))) {
-        const QPoint at = qobject_cast<RootItem *>(row) ? QPoint(row->width() - 60, 3) : QPoint(5, row->height() / 2);
-        QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, at);
+        RowClick::click(row);
     } else if (action.startsWith(QLatin1String("capture "))) {
         auto *item = qobject_cast<SecondItem *>(row);
         EventSender::sendEnter(item);

@@ -19,6 +19,8 @@
 #include <QScreen>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace {
 
 QString rectText(const QRect &r)
@@ -80,19 +82,14 @@ void dumpRow(QStringList &out, const QString &key, QWidget *row, const QWidget *
 
 QString stateText(const QAccessible::State &s)
 {
+    const std::pair<bool, const char *> flags[] = {{s.selected, "selected"},     {s.focused, "focused"},
+                                                   {s.expandable, "expandable"}, {s.expanded, "expanded"},
+                                                   {s.collapsed, "collapsed"},   {s.invisible, "invisible"}};
     QStringList on;
-    if (s.selected)
-        on << QStringLiteral("selected");
-    if (s.focused)
-        on << QStringLiteral("focused");
-    if (s.expandable)
-        on << QStringLiteral("expandable");
-    if (s.expanded)
-        on << QStringLiteral("expanded");
-    if (s.collapsed)
-        on << QStringLiteral("collapsed");
-    if (s.invisible)
-        on << QStringLiteral("invisible");
+    for (const auto &flag : flags) {
+        if (flag.first)
+            on << QLatin1String(flag.second);
+    }
     return on.join(u',');
 }
 

@@ -18,6 +18,14 @@ QString pathText(const QList<int> &path)
     return parts.join(QLatin1Char(','));
 }
 
+QList<int> pathFromText(const QString &text)
+{
+    QList<int> path;
+    for (const QString &part : text.split(QLatin1Char(','), Qt::SkipEmptyParts))
+        path << part.toInt();
+    return path;
+}
+
 QString rootName(DrawerControl *drawer)
 {
     return drawer->getRootNodeInfo().strNodeName.value(0);

@@ -17,6 +17,9 @@ namespace TreeText {
 // "1,2" for the path [1, 2].
 QString pathText(const QList<int> &path);
 
+// [1, 2] for "1,2"; the empty path for "".
+QList<int> pathFromText(const QString &text);
+
 // The first name line of a drawer's root record.
 QString rootName(DrawerControl *drawer);
 
