@@ -126,6 +126,7 @@ void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
     if (m_pPending) {
         m_pPending->addBatch(nodes, n, rootIndex, rootNode, m_bIsLockSel);
         notePolishOfNewRows();
+        buildRowsIfDue();
     } else {
         createBatch(nodes, n, rootIndex, rootNode, m_bIsLockSel);
     }
@@ -191,6 +192,7 @@ void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int chi
     if (m_pPending && m_pContainer->isHidden()) {
         m_pPending->addSingle(node, rootIndex, childIndex, m_bIsLockSel);
         notePolishOfNewRows();
+        buildRowsIfDue();
     } else {
         buildRows();
         createSingle(node, rootIndex, childIndex, m_bIsLockSel);
@@ -217,32 +219,44 @@ void DrawerControl::buildRows()
         return;
     // From here on the rows are widgets: the helpers below act on them.
     const std::unique_ptr<PendingRows> pending = std::move(m_pPending);
-    for (const PendingRows::Step &step : pending->steps()) {
-        switch (step.kind) {
-        case PendingRows::Step::Batch:
-            createBatch(step.nodes, step.index, step.rootIndex, step.root, step.locked);
-            break;
-        case PendingRows::Step::Single:
-            createSingle(step.node, step.rootIndex, step.index, step.locked);
-            break;
-        case PendingRows::Step::Delete:
-            delete m_lstSecondItem.takeAt(step.index);
-            break;
-        case PendingRows::Step::Modify:
-            applyRecord(step.index, step.node, step.root);
-            break;
-        case PendingRows::Step::Press:
-            pressRow(step.index);
-            break;
-        case PendingRows::Step::Renumber:
-            renumberRows();
-            break;
-        case PendingRows::Step::Polish:
-            for (SecondItem *pItem : qAsConst(m_lstSecondItem))
+    // The layout the calls would have left: their spacings, then every row.
+    for (int i = 0; i < pending->spacings(); ++i)
+        m_pChildLayout->addSpacing(8);
+    for (const PendingRows::Row &row : pending->rows()) {
+        SecondItem *pItem = new SecondItem(m_pContainer);
+        pItem->initItem(row.rootIndex, row.childIndex);
+        pItem->restoreDownText(row.carriedDownText);
+        for (const PendingRows::Event &event : row.events) {
+            switch (event.kind) {
+            case PendingRows::Event::Texts:
+                pItem->setNodeInfo(event.node);
+                break;
+            case PendingRows::Event::Press:
+                pItem->setPressed(event.pressed);
+                break;
+            case PendingRows::Event::Polish:
                 pItem->ensurePolished();
-            break;
+                break;
+            }
         }
+        if (row.unpolishedPress >= 0)
+            pItem->setPressed(row.unpolishedPress == 1);
+        pItem->setOpBtnShow(row.buttons.toList());
+        if (row.hasToolTip)
+            pItem->setToolTip(row.toolTip);
+        m_pChildLayout->addWidget(pItem);
+        m_lstSecondItem.append(pItem);
+        connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
+        connectSecondItemButtons(pItem);
     }
+}
+
+void DrawerControl::buildRowsIfDue()
+{
+    // A host that keeps renaming rows of a closed group between selections
+    // outgrows what the rows keep without widgets.
+    if (m_pPending && m_pPending->wantsWidgets())
+        buildRows();
 }
 
 bool DrawerControl::rowsDeferred() const
@@ -298,7 +312,7 @@ int DrawerControl::getSecondNodeInfo(int childIndex, st_NodeInfoSignal &out)
 {
     if (childIndex < 0 || childIndex >= rowCount())
         return 0;
-    out = m_pPending ? m_pPending->records().at(childIndex) : m_lstSecondItem.at(childIndex)->getNodeInfo();
+    out = m_pPending ? m_pPending->record(childIndex) : m_lstSecondItem.at(childIndex)->getNodeInfo();
     return 1;
 }
 
@@ -312,10 +326,12 @@ void DrawerControl::modifySecondItemData(int childIndex, const st_NodeInfoSignal
 {
     if (childIndex < 0 || childIndex >= rowCount())
         return;
-    if (m_pPending)
+    if (m_pPending) {
         m_pPending->modify(childIndex, node, getRootNodeInfo());
-    else
+        buildRowsIfDue();
+    } else {
         applyRecord(childIndex, node, getRootNodeInfo());
+    }
 }
 
 void DrawerControl::applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode)
@@ -332,10 +348,12 @@ void DrawerControl::applyRecord(int childIndex, const st_NodeInfoSignal &node, c
 void DrawerControl::setCurSelSecondItem(int childIndex)
 {
     // Unlike markSelSecondItem, whatever the lock says.
-    if (m_pPending)
+    if (m_pPending) {
         m_pPending->press(childIndex);
-    else
+        buildRowsIfDue();
+    } else {
         pressRow(childIndex);
+    }
     m_iCurSecondIndex = childIndex;
     m_lstSelIndex = QList<int>() << m_iRootIndex << childIndex;
     reportSelection(&DrawerControl::signal_OnCurrentItemClicked);
@@ -450,10 +468,12 @@ void DrawerControl::markSelSecondItem(int index)
 {
     if (m_bIsLockSel || rowCount() == 0)
         return;
-    if (m_pPending)
+    if (m_pPending) {
         m_pPending->press(index);
-    else
+        buildRowsIfDue();
+    } else {
         pressRow(index);
+    }
 }
 
 void DrawerControl::pressRow(int index)

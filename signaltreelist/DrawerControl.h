@@ -147,14 +147,14 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    // The widget work of the operations, shared by the calls on built rows
-    // and by buildRows() replaying the calls made before.
+    // The widget work of the operations on built rows.
     void createBatch(const QList<st_NodeInfoSignal> &nodes, int n, int rootIndex,
                      const st_NodeInfoSignal &rootNode, bool locked);
     void createSingle(const st_NodeInfoSignal &node, int rootIndex, int childIndex, bool locked);
     void applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode);
     void pressRow(int index);
     void notePolishOfNewRows();
+    void buildRowsIfDue();
     void renumberRows();
     /// Child rows, built or waiting.
     int rowCount() const;

@@ -3,82 +3,203 @@
 
 #include "PendingRows.h"
 
+#include <algorithm>
+
+namespace {
+
+using Event = PendingRows::Event;
+
+int lineCount(const Event &event)
+{
+    return event.node.strNodeName.size();
+}
+
+// A record with one or two name lines sets texts and fits them; any other
+// count only hides both lines.
+bool setsLines(int lines)
+{
+    return lines == 1 || lines == 2;
+}
+
+// Of selections with nothing between them only the last counts: the row is
+// repolished with the same properties either way.
+void mergePresses(QVector<Event> &events)
+{
+    for (int i = events.size() - 1; i > 0; --i) {
+        if (events.at(i).kind == Event::Press && events.at(i - 1).kind == Event::Press)
+            events.remove(i - 1);
+    }
+}
+
+} // namespace
+
+int PendingRows::eventCount() const
+{
+    int count = 0;
+    for (const Row &row : m_rows)
+        count += row.events.size();
+    return count;
+}
+
 void PendingRows::addBatch(const QList<st_NodeInfoSignal> &nodes, int firstChild, int rootIndex,
                            const st_NodeInfoSignal &root, bool locked)
 {
-    Step step;
-    step.kind = Step::Batch;
-    step.nodes = nodes;
-    step.index = firstChild;
-    step.rootIndex = rootIndex;
-    step.root = root;
-    step.locked = locked;
-    append(step);
-    m_records.append(nodes);
+    // The call takes the last half of the layout's items (rounded up), adds
+    // one spacing and then every row: the spacings in the first half stay.
+    const int items = m_iSpacings + m_rows.size();
+    m_iSpacings = std::min(m_iSpacings, items / 2) + 1;
+
+    for (int i = 0; i < nodes.size(); ++i) {
+        const st_NodeInfoSignal &node = nodes.at(i);
+        Row row;
+        row.rootIndex = rootIndex;
+        row.childIndex = firstChild + i;
+        setTexts(row, node);
+        // Rows of a group show the group's name, rows of a plain source
+        // their own source name.
+        if (root.iType == 1) {
+            row.toolTip = root.strNodeName.value(0);
+            row.hasToolTip = true;
+        } else if (root.iType == 0) {
+            row.toolTip = node.strSourceName;
+            row.hasToolTip = true;
+        }
+        setPressed(row, i == 0);
+        m_rows.append(row);
+    }
+    if (!locked)
+        press(m_rows.size() - 1);
 }
 
 void PendingRows::addSingle(const st_NodeInfoSignal &node, int rootIndex, int childIndex, bool locked)
 {
-    Step step;
-    step.kind = Step::Single;
-    step.node = node;
-    step.index = childIndex;
-    step.rootIndex = rootIndex;
-    step.locked = locked;
-    append(step);
-    m_records.append(node);
+    Row row;
+    row.rootIndex = rootIndex;
+    row.childIndex = childIndex;
+    setTexts(row, node);
+    m_rows.append(row);
+    if (!locked)
+        press(m_rows.size() - 1);
 }
 
 void PendingRows::remove(int index)
 {
-    Step step;
-    step.kind = Step::Delete;
-    step.index = index;
-    append(step);
-    m_records.removeAt(index);
+    m_rows.removeAt(index);
 }
 
 void PendingRows::modify(int index, const st_NodeInfoSignal &node, const st_NodeInfoSignal &root)
 {
-    Step step;
-    step.kind = Step::Modify;
-    step.index = index;
-    step.node = node;
-    step.root = root;
-    append(step);
-    m_records[index] = node;
+    Row &row = m_rows[index];
+    setTexts(row, node);
+    // The mirror image of the rule for new rows; a plain source's row shows
+    // its upper line as it stands after this record (maybe an older one).
+    row.toolTip = root.iType == 0 ? row.upperText : node.strSourceName;
+    row.hasToolTip = true;
+    noteSize(row);
 }
 
 void PendingRows::press(int index)
 {
-    Step step;
-    step.kind = Step::Press;
-    step.index = index;
-    append(step);
+    for (int i = 0; i < m_rows.size(); ++i) {
+        setPressed(m_rows[i], i == index);
+        noteSize(m_rows.at(i));
+    }
 }
 
 void PendingRows::renumber()
 {
-    Step step;
-    step.kind = Step::Renumber;
-    append(step);
+    for (int i = 0; i < m_rows.size(); ++i)
+        m_rows[i].childIndex = i;
 }
 
 void PendingRows::polish()
 {
-    Step step;
-    step.kind = Step::Polish;
-    append(step);
+    for (Row &row : m_rows) {
+        if (row.polished)
+            continue;
+        row.polished = true;
+        // The look goes before the polish, which sees its properties.
+        if (row.unpolishedPress >= 0)
+            appendPress(row, row.unpolishedPress == 1);
+        row.unpolishedPress = -1;
+        Event event;
+        event.kind = Event::Polish;
+        row.events.append(event);
+    }
 }
 
-void PendingRows::append(Step step)
+void PendingRows::setTexts(Row &row, const st_NodeInfoSignal &node)
 {
-    // A selection look, a renumbering or a polish is wholly redone by the
-    // next one of its kind when nothing came between.
-    if (!m_steps.isEmpty() && (step.kind == Step::Press || step.kind == Step::Renumber || step.kind == Step::Polish)
-        && m_steps.constLast().kind == step.kind) {
-        m_steps.last() = std::move(step);
+    QVector<Event> &events = row.events;
+    const int lines = node.strNodeName.size();
+
+    // A record without lines to set is undone by any later record: it only
+    // hid the lines, and its icon, record and tool tip are replaced.
+    for (int i = events.size() - 1; i >= 0; --i) {
+        if (events.at(i).kind != Event::Texts)
+            continue;
+        if (!setsLines(lineCount(events.at(i))))
+            events.remove(i);
+        break;
+    }
+
+    if (lines == 2) {
+        // Both lines are set afresh and fitted: what came before shows only
+        // through the second line's full text, which the first fit reads.
+        for (int i = events.size() - 1; i >= 0; --i) {
+            if (events.at(i).kind == Event::Texts)
+                events.remove(i);
+        }
+        row.carriedDownText = row.downText;
+        mergePresses(events);
+    } else if (lines == 1) {
+        // Among one-line records fitted with the same fonts (no selection
+        // or polish between) only whether one overflowed counts, and which
+        // came last: the same line twice is once.
+        for (int i = events.size() - 1; i >= 0 && events.at(i).kind == Event::Texts; --i) {
+            if (lineCount(events.at(i)) == 1 && events.at(i).node.strNodeName.at(0) == node.strNodeName.at(0)) {
+                events.remove(i);
+                break;
+            }
+        }
+    }
+
+    Event event;
+    event.kind = Event::Texts;
+    event.node = node;
+    events.append(event);
+
+    if (setsLines(lines))
+        row.upperText = node.strNodeName.at(0);
+    if (lines == 2)
+        row.downText = node.strNodeName.at(1);
+    row.buttons.apply(node.showOpBtn);
+    row.record = node;
+}
+
+void PendingRows::setPressed(Row &row, bool pressed)
+{
+    if (!row.polished) {
+        row.unpolishedPress = pressed ? 1 : 0;
         return;
     }
-    m_steps.append(std::move(step));
+    QVector<Event> &events = row.events;
+    if (!events.isEmpty() && events.constLast().kind == Event::Press)
+        events.last().pressed = pressed;
+    else
+        appendPress(row, pressed);
+}
+
+void PendingRows::appendPress(Row &row, bool pressed)
+{
+    Event event;
+    event.kind = Event::Press;
+    event.pressed = pressed;
+    row.events.append(event);
+}
+
+void PendingRows::noteSize(const Row &row)
+{
+    if (row.events.size() > kMostEvents)
+        m_bWantsWidgets = true;
 }

@@ -155,10 +155,6 @@ SecondItem::SecondItem(QWidget *parent)
     , m_pDeleteBtn(nullptr)
     , m_pFourthBtn(nullptr)
     , m_bIsPressed(false)
-    , m_bShowDelete(false)
-    , m_bShowFourth(false)
-    , m_bShowEdit(false)
-    , m_bShowCapture(false)
     , m_stNodeInfo()
     , m_iRootIndex(0)
     , m_iChildIndex(0)
@@ -241,10 +237,10 @@ void SecondItem::initItem(int rootIndex, int childIndex)
     connect(m_pDeleteBtn, &QToolButton::clicked, this, &SecondItem::slot_OnDeleteBtnClicked);
 
     m_qfBtns->hide();
-    m_pCaptureBtn->setVisible(m_bShowCapture);
-    m_pEditBtn->setVisible(m_bShowEdit);
-    m_pDeleteBtn->setVisible(m_bShowDelete);
-    m_pFourthBtn->setVisible(m_bShowFourth);
+    m_pCaptureBtn->setVisible(m_buttons.capture);
+    m_pEditBtn->setVisible(m_buttons.edit);
+    m_pDeleteBtn->setVisible(m_buttons.remove);
+    m_pFourthBtn->setVisible(m_buttons.fourth);
 
     m_qlUpper->setProperty("isTarn", true);
     m_qlUpper->setProperty("isUpOnline", true);
@@ -322,6 +318,11 @@ void SecondItem::setDownText(QString text)
     fitTexts();
 }
 
+void SecondItem::restoreDownText(const QString &text)
+{
+    m_strDownText = text;
+}
+
 void SecondItem::setSignalIcon(int type, bool online)
 {
     if (!m_qlIcon)
@@ -346,16 +347,7 @@ void SecondItem::showSignalPicture()
 void SecondItem::setOpBtnShow(QList<bool> lstShow)
 {
     // Only the flags change; the buttons follow on the next hover.
-    const int count = lstShow.size();
-    if (count < 1 || count > 4)
-        return;
-    m_bShowEdit = lstShow.at(0);
-    if (count >= 2)
-        m_bShowDelete = lstShow.at(1);
-    if (count >= 3)
-        m_bShowCapture = lstShow.at(2);
-    if (count >= 4)
-        m_bShowFourth = lstShow.at(3);
+    m_buttons.apply(lstShow);
 }
 
 void SecondItem::setPressed(bool bIsPressed)
@@ -446,13 +438,13 @@ void SecondItem::enterEvent(QtCompat::EnterEvent *event)
         m_qlUpper->setProperty("isUpOnline", m_bIsPressed);
     }
     if (m_pCaptureBtn)
-        m_pCaptureBtn->setVisible(m_bShowCapture);
+        m_pCaptureBtn->setVisible(m_buttons.capture);
     if (m_pEditBtn)
-        m_pEditBtn->setVisible(m_bShowEdit);
+        m_pEditBtn->setVisible(m_buttons.edit);
     if (m_pDeleteBtn)
-        m_pDeleteBtn->setVisible(m_bShowDelete);
+        m_pDeleteBtn->setVisible(m_buttons.remove);
     if (m_pFourthBtn)
-        m_pFourthBtn->setVisible(m_bShowFourth);
+        m_pFourthBtn->setVisible(m_buttons.fourth);
     m_guardSelf.repolish(this);
     m_guardUpper.repolish(m_qlUpper);
     placeButtons();
@@ -568,10 +560,10 @@ QToolButton *SecondItem::deleteButton() const
 
 bool SecondItem::showsEditButton() const
 {
-    return m_bShowEdit;
+    return m_buttons.edit;
 }
 
 bool SecondItem::showsDeleteButton() const
 {
-    return m_bShowDelete;
+    return m_buttons.remove;
 }

@@ -4,6 +4,7 @@
 #ifndef SIGNALTREELIST_SECONDITEM_H
 #define SIGNALTREELIST_SECONDITEM_H
 
+#include "ButtonFlags.h"
 #include "QtCompat.h"
 #include "RepolishGuard.h"
 #include "st_NodeInfoSignal.h"
@@ -40,6 +41,10 @@ public:
 
     void setUpperText(QString text);
     void setDownText(QString text);
+    /// The full second line as earlier records left it, for a row built
+    /// from kept state: stored only, neither shown nor fitted, as the next
+    /// record that sets both lines reads it.
+    void restoreDownText(const QString &text);
 
     /// Shows the picture of signal @p type, in colour when @p online.
     void setSignalIcon(int type, bool online);
@@ -105,10 +110,7 @@ private:
     QToolButton *m_pDeleteBtn;
     QToolButton *m_pFourthBtn;
     bool m_bIsPressed;
-    bool m_bShowDelete;
-    bool m_bShowFourth;
-    bool m_bShowEdit;
-    bool m_bShowCapture;
+    ButtonFlags m_buttons;
     st_NodeInfoSignal m_stNodeInfo;
     int m_iRootIndex;
     int m_iChildIndex;

@@ -266,7 +266,9 @@ private slots:
     void sameAsBuiltAtOnce_data();
     void sameAsBuiltAtOnce();
     void collapsedGroupBuildsNoRowWidgets();
-    void stepsOfAKindReplaceEachOther();
+    void keptStateDoesNotGrowWithCalls_data();
+    void keptStateDoesNotGrowWithCalls();
+    void changingNamesBetweenSelectionsBuildsTheRows();
     void recordsFollowTheCalls();
 };
 
@@ -379,19 +381,83 @@ void tst_PendingRows::collapsedGroupBuildsNoRowWidgets()
     QCOMPARE(s.drawer->secondItems().at(15)->getIndexText(), QStringLiteral("3-15"));
 }
 
-void tst_PendingRows::stepsOfAKindReplaceEachOther()
+void tst_PendingRows::keptStateDoesNotGrowWithCalls_data()
 {
+    QTest::addColumn<QString>("round");
+    QTest::addColumn<bool>("polished");
+
+    // One round of calls, repeated: what is kept after many rounds must be
+    // what is kept after two.
+    QTest::newRow("poller flips online state") << "modify online; modify offline" << true;
+    QTest::newRow("poller, unpolished rows") << "modify online; modify offline" << false;
+    QTest::newRow("selection moves") << "press 0; press 1; press 2" << true;
+    QTest::newRow("selection between flips") << "press 1; modify online; press 2; modify offline" << true;
+    QTest::newRow("same one-line name") << "modify oneline; press 1; modify oneline" << false;
+    QTest::newRow("nameless records") << "modify nameless; modify nameless; modify online" << true;
+    QTest::newRow("renumber and mark") << "renumber; press 2; renumber" << true;
+}
+
+void tst_PendingRows::keptStateDoesNotGrowWithCalls()
+{
+    QFETCH(QString, round);
+    QFETCH(bool, polished);
     PendingRows rows;
     const NodeFactory nodes;
     rows.addBatch(nodes.children(QStringLiteral("C"), 3, QString()), 0, 1, st_NodeInfoSignal(), false);
-    for (int i = 0; i < 50; ++i)
-        rows.press(i % 3);
-    rows.renumber();
-    rows.renumber();
-    rows.press(1);
-    QCOMPARE(rows.steps().size(), 4); // batch, press, renumber, press
-    QCOMPARE(rows.steps().at(1).index, 49 % 3);
-    QCOMPARE(rows.steps().at(3).index, 1);
+    if (polished)
+        rows.polish();
+    const auto play = [&](int times) {
+        for (int t = 0; t < times; ++t) {
+            for (const QString &call : round.split(u';')) {
+                const QStringList words = call.trimmed().split(u' ');
+                const QString verb = words.at(0);
+                if (verb == QLatin1String("press")) {
+                    rows.press(words.at(1).toInt());
+                } else if (verb == QLatin1String("renumber")) {
+                    rows.renumber();
+                } else {
+                    st_NodeInfoSignal node = nodes.node({QStringLiteral("name"), QStringLiteral("second")}, 2);
+                    if (words.at(1) == QLatin1String("offline"))
+                        node.isOnline = false;
+                    else if (words.at(1) == QLatin1String("oneline"))
+                        node.strNodeName = QStringList{QStringLiteral("one")};
+                    else if (words.at(1) == QLatin1String("nameless"))
+                        node.strNodeName.clear();
+                    for (int i = 0; i < rows.rowCount(); ++i)
+                        rows.modify(i, node, st_NodeInfoSignal());
+                }
+            }
+        }
+    };
+    play(2);
+    const int afterTwo = rows.eventCount();
+    play(500);
+    QCOMPARE(rows.eventCount(), afterTwo);
+    QVERIFY(!rows.wantsWidgets());
+    QVERIFY(afterTwo <= 4 * rows.rowCount());
+}
+
+void tst_PendingRows::changingNamesBetweenSelectionsBuildsTheRows()
+{
+    // One-line names that change between selections on a polished row each
+    // decide, with the fonts of their moment, how the second line is elided:
+    // the drawer builds its rows rather than keep them all.
+    const NodeFactory nodes;
+    Subject s = Subject::make(true, 0, nodes.node({QStringLiteral("Group")}, 1));
+    s.drawer->addSecondItems(nodes.children(QStringLiteral("C"), 3, QStringLiteral("src")));
+    settle();
+    int round = 0;
+    while (s.drawer->rowsDeferred() && round < 100) {
+        s.drawer->setCurSelSecondItem(round % 3);
+        s.drawer->modifySecondItemData(0, nodes.node({QStringLiteral("name %1").arg(round)}, 2));
+        ++round;
+    }
+    QVERIFY(!s.drawer->rowsDeferred());
+    QVERIFY(round <= PendingRows::kMostEvents);
+    QVERIFY(!s.drawer->isShowChild());
+    QCOMPARE(s.drawer->secondItems().size(), 3);
+    QCOMPARE(s.drawer->secondItems().at(0)->getNodeInfo().strNodeName,
+             QStringList{QStringLiteral("name %1").arg(round - 1)});
 }
 
 void tst_PendingRows::recordsFollowTheCalls()
@@ -405,9 +471,9 @@ void tst_PendingRows::recordsFollowTheCalls()
     rows.modify(0, changed, st_NodeInfoSignal());
     rows.addSingle(nodes.node({QStringLiteral("single")}, 3), 1, 9, false);
     QCOMPARE(rows.rowCount(), 4);
-    QCOMPARE(rows.records().at(0).strNodeName, changed.strNodeName);
-    QCOMPARE(rows.records().at(1).strNodeName, batch.at(2).strNodeName);
-    QCOMPARE(rows.records().at(3).strNodeName, QStringList{QStringLiteral("single")});
+    QCOMPARE(rows.record(0).strNodeName, changed.strNodeName);
+    QCOMPARE(rows.record(1).strNodeName, batch.at(2).strNodeName);
+    QCOMPARE(rows.record(3).strNodeName, QStringList{QStringLiteral("single")});
 }
 
 QTEST_MAIN(tst_PendingRows)
