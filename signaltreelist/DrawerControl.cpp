@@ -225,7 +225,6 @@ void DrawerControl::buildRows()
     for (const PendingRows::Row &row : pending->rows()) {
         SecondItem *pItem = new SecondItem(m_pContainer);
         pItem->initItem(row.rootIndex, row.childIndex);
-        pItem->restoreDownText(row.carriedDownText);
         for (const PendingRows::Event &event : row.events) {
             switch (event.kind) {
             case PendingRows::Event::Texts:

@@ -143,25 +143,24 @@ void PendingRows::setTexts(Row &row, const st_NodeInfoSignal &node)
         break;
     }
 
+    // A fit elides a line only when that line alone is too wide for the
+    // label's font of the moment; a fit that finds both lines fitting leaves
+    // them as they are. So what a record leaves depends on earlier records
+    // only through lines elided under other fonts.
     if (lines == 2) {
-        // Both lines are set afresh and fitted: what came before shows only
-        // through the second line's full text, which the first fit reads.
+        // Both lines are set afresh: the upper one is elided exactly when it
+        // is too wide now, the lower one after this record's own fit.
         for (int i = events.size() - 1; i >= 0; --i) {
             if (events.at(i).kind == Event::Texts)
                 events.remove(i);
         }
-        row.carriedDownText = row.downText;
         mergePresses(events);
-    } else if (lines == 1) {
-        // Among one-line records fitted with the same fonts (no selection
-        // or polish between) only whether one overflowed counts, and which
-        // came last: the same line twice is once.
-        for (int i = events.size() - 1; i >= 0 && events.at(i).kind == Event::Texts; --i) {
-            if (lineCount(events.at(i)) == 1 && events.at(i).node.strNodeName.at(0) == node.strNodeName.at(0)) {
-                events.remove(i);
-                break;
-            }
-        }
+    } else if (lines == 1 && !events.isEmpty() && events.constLast().kind == Event::Texts
+               && lineCount(events.constLast()) == 1) {
+        // A one-line record fitted with the same fonts just before: its
+        // upper line is replaced, and its fit elided the lower line exactly
+        // as this record's fit will.
+        events.removeLast();
     }
 
     Event event;
@@ -171,8 +170,6 @@ void PendingRows::setTexts(Row &row, const st_NodeInfoSignal &node)
 
     if (setsLines(lines))
         row.upperText = node.strNodeName.at(0);
-    if (lines == 2)
-        row.downText = node.strNodeName.at(1);
     row.buttons.apply(node.showOpBtn);
     row.record = node;
 }

@@ -30,12 +30,13 @@
  * Why any past at all: a row fits its name lines to a width budget with the
  * fonts it has at that moment (a style sheet may give a selected or
  * polished row other fonts), and a fit that finds both lines fitting leaves
- * an earlier elision in place. So the last record that set both lines, the
- * one-line records after it, and the selection and polish events between
- * them decide the picture; everything before that record does not. Every
- * call folds into that short list, so what is kept grows with the rows,
- * not with the calls. A host that keeps changing one-line names between
- * selections on a closed group can outgrow the short list: wantsWidgets()
+ * an earlier elision in place: a lower line elided under a larger font stays
+ * elided. So the last record that set both lines, the one-line records after
+ * it (one per stretch of unchanged fonts), and the selection and polish
+ * events between them decide the picture; everything before that record
+ * does not. Every call folds into that short list, so what is kept grows
+ * with the rows, not with the calls. A host that keeps changing one-line
+ * names between selections on a closed group can outgrow it: wantsWidgets()
  * then says the rows should be built (as they would have been all along).
  */
 class PendingRows
@@ -59,8 +60,6 @@ public:
         st_NodeInfoSignal record;
         int rootIndex = 0;
         int childIndex = 0;
-        /// The second name line the row held before its first kept event.
-        QString carriedDownText;
         ButtonFlags buttons;
         QString toolTip;
         bool hasToolTip = false;
@@ -71,9 +70,8 @@ public:
         /// its fonts, so where it fell among the records does not matter.
         qint8 unpolishedPress = -1;
 
-        // The row's full name lines and polish, as its widget would have them.
+        // The row's full upper line and polish, as its widget would have them.
         QString upperText;
-        QString downText;
         bool polished = false;
     };
 

@@ -318,11 +318,6 @@ void SecondItem::setDownText(QString text)
     fitTexts();
 }
 
-void SecondItem::restoreDownText(const QString &text)
-{
-    m_strDownText = text;
-}
-
 void SecondItem::setSignalIcon(int type, bool online)
 {
     if (!m_qlIcon)

@@ -41,10 +41,6 @@ public:
 
     void setUpperText(QString text);
     void setDownText(QString text);
-    /// The full second line as earlier records left it, for a row built
-    /// from kept state: stored only, neither shown nor fitted, as the next
-    /// record that sets both lines reads it.
-    void restoreDownText(const QString &text);
 
     /// Shows the picture of signal @p type, in colour when @p online.
     void setSignalIcon(int type, bool online);

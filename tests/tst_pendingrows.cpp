@@ -26,6 +26,15 @@
 
 namespace {
 
+// A selected row's upper line is larger, its lower line smaller; every row's
+// lower line is bold (the first fit of a record reads it).
+const char *const kStateRules = R"(
+SecondItem QLabel { font-size: 10px; }
+QLabel#m_qlDown { font-weight: bold; }
+#SignalSecondItem[isSecondItem="press"] QLabel#m_qlUpper { font-size: 14px; }
+#SignalSecondItem[isSecondItem="press"] QLabel#m_qlDown { font-size: 8px; }
+)";
+
 // Every signal of a drawer, in order, as text.
 class DrawerSignals : public QObject
 {
@@ -57,7 +66,7 @@ struct Subject
     DrawerControl *drawer = nullptr;
     std::unique_ptr<DrawerSignals> signalLog;
 
-    static Subject make(bool defer, int itemType, const st_NodeInfoSignal &root)
+    static Subject make(bool defer, int itemType, const st_NodeInfoSignal &root, bool show = true)
     {
         Subject s;
         s.window.reset(new QWidget);
@@ -71,7 +80,8 @@ struct Subject
         layout->addWidget(s.drawer);
         layout->addStretch();
         s.signalLog.reset(new DrawerSignals(s.drawer));
-        s.window->show();
+        if (show)
+            s.window->show();
         return s;
     }
 };
@@ -196,6 +206,12 @@ st_NodeInfoSignal variant(const QString &kind, int serial)
         n.showOpBtn = {true, true, true, true};
     else if (kind == QLatin1String("nameless"))
         n.strNodeName.clear();
+    else if (kind == QLatin1String("longdown"))
+        n.strNodeName = QStringList{QStringLiteral("M%1").arg(serial), QString(60, QLatin1Char('W'))};
+    else if (kind == QLatin1String("oneline"))
+        n.strNodeName = QStringList{QStringLiteral("one")};
+    else if (kind == QLatin1String("onelinelong"))
+        n.strNodeName = QStringList{QString(60, QLatin1Char('W'))};
     return n;
 }
 
@@ -262,6 +278,7 @@ private slots:
     void cleanup()
     {
         DrawerControl::setDeferRows(true);
+        qApp->setStyleSheet(QString());
     }
     void sameAsBuiltAtOnce_data();
     void sameAsBuiltAtOnce();
@@ -304,6 +321,23 @@ void tst_PendingRows::sameAsBuiltAtOnce_data()
                                                                         << "add 2; roottype 0; add 2; modify 0 plain";
     QTest::newRow("plain source rows") << 1 << 0 << "add 3; modify 1 plain; roottype 1; modify 2 plain";
     QTest::newRow("root row clicked, then rows") << 0 << 1 << "rootclick; add 3; press 1";
+    // How a row's name lines are elided depends on more than its last
+    // record: a record's first fit reads the second line an earlier record
+    // left, one-line records keep the second line, and under a sheet a
+    // selected row fits with other fonts.
+    QTest::newRow("a long second line, then a short record") << 0 << 1 << "add 3; modify 1 longdown; modify 1 plain";
+    QTest::newRow("one-line names, one of them again")
+        << 0 << 1 << "add 3; modify 1 longdown; modify 1 oneline; modify 1 onelinelong; modify 1 oneline";
+    QTest::newRow("nameless records between names")
+        << 0 << 1 << "add 3; modify 1 longdown; modify 1 nameless; modify 1 oneline; modify 1 nameless";
+    QTest::newRow("sheet: one-line names between selections")
+        << 0 << 1
+        << "sheet; add 3; modify 1 longdown; press 1; modify 1 onelinelong; press 0; modify 1 oneline; "
+           "press 1; modify 1 oneline";
+    QTest::newRow("sheet: selected, then both lines anew")
+        << 0 << 1 << "sheet; add 3; press 1; modify 1 longdown; press 0; modify 1 plain; modify 1 oneline";
+    QTest::newRow("sheet: selected before the drawer was polished")
+        << 0 << 1 << "sheet; hidden; add 3; press 1; modify 1 longdown; show; modify 1 oneline";
     QTest::newRow("everything") << 0 << 1
                                 << "add 3; press 1; add 0; modify 2 buttons; delete 0; renumber 5; lock 1; "
                                    "add 4; mark 3; lock 0; modify 1 offline; single 5 9; delete 9; add 1; "
@@ -318,17 +352,35 @@ void tst_PendingRows::sameAsBuiltAtOnce()
     const NodeFactory nodes;
     const st_NodeInfoSignal root = nodes.node({QStringLiteral("Group"), QStringLiteral("G")},
                                               QStringLiteral("group source"), rootType);
-    Subject deferred = Subject::make(true, itemType, root);
-    Subject atOnce = Subject::make(false, itemType, root);
-    QVERIFY(QTest::qWaitForWindowExposed(deferred.window.get()));
-    QVERIFY(QTest::qWaitForWindowExposed(atOnce.window.get()));
+    QStringList lines = script.split(u';', Qt::SkipEmptyParts);
+    for (QString &line : lines)
+        line = line.trimmed();
+    // "sheet" first: under rules that change a row's fonts by state;
+    // "hidden" first: the windows show at the line "show".
+    if (lines.value(0) == QLatin1String("sheet"))
+        qApp->setStyleSheet(QString::fromLatin1(kStateRules));
+    lines.removeAll(QStringLiteral("sheet"));
+    const bool hidden = lines.value(0) == QLatin1String("hidden");
+    lines.removeAll(QStringLiteral("hidden"));
+    Subject deferred = Subject::make(true, itemType, root, !hidden);
+    Subject atOnce = Subject::make(false, itemType, root, !hidden);
+    if (!hidden) {
+        QVERIFY(QTest::qWaitForWindowExposed(deferred.window.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(atOnce.window.get()));
+    }
 
-    const QStringList lines = script.split(u';', Qt::SkipEmptyParts);
     int madeDeferred = 0;
     int madeAtOnce = 0;
     for (const QString &line : lines) {
-        apply(deferred.drawer, line.trimmed(), &madeDeferred);
-        apply(atOnce.drawer, line.trimmed(), &madeAtOnce);
+        if (line == QLatin1String("show")) {
+            for (Subject *subject : {&deferred, &atOnce}) {
+                subject->window->show();
+                QVERIFY(QTest::qWaitForWindowExposed(subject->window.get()));
+            }
+            continue;
+        }
+        apply(deferred.drawer, line, &madeDeferred);
+        apply(atOnce.drawer, line, &madeAtOnce);
         settle();
         const int rows = countRows(atOnce.drawer);
         QCOMPARE(answers(deferred.drawer, rows), answers(atOnce.drawer, rows));
