@@ -60,6 +60,7 @@ SecondItem QLabel { font-size: 9px; }
 QLabel#m_qlUpper[isUpOnline="true"] { font-weight: bold; }
 #SignalSecondItem[isSecondItem="hover"] QLabel#m_qlDown { font-size: 11px; }
 RootItem[isRootItem="press"] QLabel#m_qlUpper { font-size: 14px; }
+#SignalSecondItem[isSecondItem="press"] { font-weight: bold; }
 )";
 
 QString sheetFor(const QString &look)
@@ -161,8 +162,12 @@ public:
         const int roll = pick(100);
         const int count = roll < 50 ? 1 : roll < 85 ? 2 : roll < 92 ? 0 : 3;
         QStringList out;
-        for (int i = 0; i < count; ++i)
-            out << words.at(pick(words.size())) + QStringLiteral(" %1").arg(pick(20));
+        for (int i = 0; i < count; ++i) {
+            // Closed groups get more lines too long for the row, which the
+            // rows elide by the fonts of their state.
+            const int word = m_mood == Mood::Closed && chance(25) ? 5 : pick(words.size());
+            out << words.at(word) + QStringLiteral(" %1").arg(pick(20));
+        }
         return out;
     }
 
@@ -183,7 +188,8 @@ public:
     QList<st_NodeInfoSignal> children(int most)
     {
         QList<st_NodeInfoSignal> out;
-        const int count = pick(most + 1);
+        // Empty batches add spacings; closed groups get more of them.
+        const int count = m_mood == Mood::Closed && chance(30) ? 0 : pick(most + 1);
         for (int i = 0; i < count; ++i)
             out << node(false);
         return out;
@@ -276,7 +282,10 @@ Step makeStep(Script &s, const Side &reference, bool windowsShown)
                 }};
     }
     if (kind == AddChild) {
-        const QList<int> path = s.chance(90) ? QList<int>{s.pick(roots + 2) - 1} : QList<int>{s.pick(roots + 1), 0};
+        // Closed groups: mostly the first few, so that batches pile up on
+        // groups no one has opened.
+        const int r = s.m_mood == Mood::Closed && s.chance(70) ? s.pick(qMin(roots, 3)) : s.pick(roots + 2) - 1;
+        const QList<int> path = s.chance(90) ? QList<int>{r} : QList<int>{s.pick(roots + 1), 0};
         const QList<st_NodeInfoSignal> rows = s.children(3);
         return {QStringLiteral("addChildItem([%1], %2 rows)").arg(TreeText::pathText(path)).arg(rows.size()),
                 [path, rows](Side &side) { side.list->addChildItem(path, rows); }};
