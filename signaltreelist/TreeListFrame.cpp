@@ -113,14 +113,37 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
 
 bool TreeListFrame::insertIntoOrderedLayout(DrawerControl *pDrawer)
 {
-    // The rebuild below leaves the drawers in list order and one stretch.
-    // While the layout is still exactly that (no released drawer waiting
-    // for its deletion, nothing else put in), rebuilding after one more
-    // drawer gives the same items as putting it in its place: done so in
-    // one insertion instead of re-adding every drawer.
+    // The rebuild below leaves released drawers that are still alive first
+    // (those it found among the first half of the items), then the drawers
+    // in list order, then one stretch. While the layout is still of that
+    // shape, rebuilding after one more drawer gives the same items as
+    // dropping the released drawers past the first half and putting the new
+    // one at its place: done so, instead of re-adding every drawer.
     const int count = m_pContainerLayout->count();
+    DrawerControl *pFirst = nullptr;
+    for (DrawerControl *pEntry : qAsConst(m_lstDrawers)) {
+        if (pEntry != pDrawer) {
+            pFirst = pEntry;
+            break;
+        }
+    }
+    int released = 0;
+    while (released < count - 1) {
+        QWidget *pWidget = m_pContainerLayout->itemAt(released)->widget();
+        if (!qobject_cast<DrawerControl *>(pWidget) || pWidget == pFirst)
+            break;
+        ++released;
+    }
+    if (released > 0) {
+        const QSet<DrawerControl *> live(m_lstDrawers.cbegin(), m_lstDrawers.cend());
+        for (int i = 0; i < released; ++i) {
+            if (live.contains(static_cast<DrawerControl *>(m_pContainerLayout->itemAt(i)->widget())))
+                return false;
+        }
+    }
+
     int position = -1;
-    int item = 0;
+    int item = released;
     for (DrawerControl *pEntry : qAsConst(m_lstDrawers)) {
         if (!pEntry)
             return false;
@@ -135,8 +158,12 @@ bool TreeListFrame::insertIntoOrderedLayout(DrawerControl *pDrawer)
     QLayoutItem *pLast = count > 0 ? m_pContainerLayout->itemAt(count - 1) : nullptr;
     if (position < 0 || item != count - 1 || !pLast || !pLast->spacerItem())
         return false;
-    delete m_pContainerLayout->takeAt(count - 1);
-    m_pContainerLayout->insertWidget(position, pDrawer);
+    // The rebuild keeps the first count / 2 items.
+    const int kept = qMin(released, count / 2);
+    for (int i = kept; i < released; ++i)
+        delete m_pContainerLayout->takeAt(kept);
+    delete m_pContainerLayout->takeAt(m_pContainerLayout->count() - 1);
+    m_pContainerLayout->insertWidget(position - (released - kept), pDrawer);
     m_pContainerLayout->addStretch(0);
     return true;
 }

@@ -35,6 +35,8 @@
 #include <QSpacerItem>
 #include <QtTest>
 
+#include <functional>
+
 #include <climits>
 #include <memory>
 
@@ -264,6 +266,8 @@ private slots:
     void deletedDrawerNoLongerReportsClicks();
     void deleteChildeItemKeepsChildIndices();
     void clearTreeReleasesEveryDrawer();
+    void releasedDrawersStillAliveKeepTheirPlace_data();
+    void releasedDrawersStillAliveKeepTheirPlace();
 
     // reading and changing data
     void modifyItemDataHonoursRootZeroOnly_data();
@@ -816,6 +820,68 @@ void tst_TreeListFrame::clearTreeReleasesEveryDrawer()
     QCOMPARE(host->drawers().size(), 1);
     QCOMPARE(host->drawer(0)->rootIndex(), 0);
     QCOMPARE(layoutTokens(host->frame), (QStringList{QStringLiteral("New"), QStringLiteral("S")}));
+}
+
+void tst_TreeListFrame::releasedDrawersStillAliveKeepTheirPlace_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<QString>("release");
+    QTest::addColumn<int>("adds");
+    for (int before : {1, 2, 3, 5, 8}) {
+        for (int adds : {1, 2, 4, 7})
+            QTest::addRow("%d roots, cleared, %d added", before, adds) << before << QStringLiteral("clear") << adds;
+        QTest::addRow("%d roots, the first deleted, 3 added", before) << before << QStringLiteral("first") << 3;
+        QTest::addRow("%d roots, the last deleted, 3 added", before) << before << QStringLiteral("last") << 3;
+    }
+}
+
+// Released drawers stay in the layout until the event loop deletes them. A
+// host that clears or deletes and adds again in one go meets them: every
+// addition must leave the same items as the full rebuild would.
+void tst_TreeListFrame::releasedDrawersStillAliveKeepTheirPlace()
+{
+    QFETCH(int, before);
+    QFETCH(QString, release);
+    QFETCH(int, adds);
+    auto shipped = makeHost();
+    auto rebuilt = makeHost();
+    const auto onBoth = [&](const std::function<void(SignalTreeList *)> &call) {
+        call(shipped->list);
+        TreeListFrame::setRebuildEveryTime(true);
+        call(rebuilt->list);
+        TreeListFrame::setRebuildEveryTime(false);
+    };
+    for (int i = 0; i < before; ++i) {
+        const QString name = QStringLiteral("Old%1").arg(i);
+        onBoth([&](SignalTreeList *list) {
+            st_NodeInfoSignal node = makeNode(name, name);
+            list->addRootItem(node);
+        });
+    }
+    onBoth([&](SignalTreeList *list) {
+        if (release == QLatin1String("clear"))
+            list->clearTree();
+        else
+            list->deleteRootItem(release == QLatin1String("first") ? 0 : before - 1);
+    });
+    // The released drawer that the first rebuild keeps (the first half of
+    // the items): after a clear the first one, after a deletion the first
+    // one when it was the one deleted.
+    const QString keptReleased = release == QLatin1String("last") && before > 1 ? QString() : QStringLiteral("Old0");
+    bool metReleased = false;
+    for (int i = 0; i < adds; ++i) {
+        const QString name = QStringLiteral("New%1").arg(i);
+        onBoth([&](SignalTreeList *list) {
+            st_NodeInfoSignal node = makeNode(name, name);
+            list->addRootItem(node);
+        });
+        const QStringList tokens = layoutTokens(shipped->frame);
+        QCOMPARE(tokens, layoutTokens(rebuilt->frame));
+        metReleased = metReleased || (!keptReleased.isEmpty() && tokens.contains(keptReleased));
+    }
+    if (!keptReleased.isEmpty())
+        QVERIFY(metReleased);
+    QTRY_COMPARE(layoutTokens(shipped->frame), layoutTokens(rebuilt->frame));
 }
 
 // ---- reading and changing data ----------------------------------------------------
