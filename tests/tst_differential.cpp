@@ -282,9 +282,19 @@ Step makeStep(Script &s, const Side &reference, bool windowsShown)
                 }};
     }
     if (kind == AddChild) {
-        // Closed groups: mostly the first few, so that batches pile up on
+        // Closed groups: mostly a closed one, so that batches pile up on
         // groups no one has opened.
-        const int r = s.m_mood == Mood::Closed && s.chance(70) ? s.pick(qMin(roots, 3)) : s.pick(roots + 2) - 1;
+        int r = s.pick(roots + 2) - 1;
+        if (s.m_mood == Mood::Closed && s.chance(75)) {
+            QList<int> closed;
+            for (int i = 0; i < roots; ++i) {
+                DrawerControl *d = frame->drawers().at(i);
+                if (d && !KeyboardNavigator::isExpanded(d->rootItem()))
+                    closed << i;
+            }
+            if (!closed.isEmpty())
+                r = closed.at(s.pick(qMin(closed.size(), 4)));
+        }
         const QList<int> path = s.chance(90) ? QList<int>{r} : QList<int>{s.pick(roots + 1), 0};
         const QList<st_NodeInfoSignal> rows = s.children(3);
         return {QStringLiteral("addChildItem([%1], %2 rows)").arg(TreeText::pathText(path)).arg(rows.size()),
