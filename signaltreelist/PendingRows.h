@@ -21,9 +21,9 @@
  * A group of a large installation is usually never opened, yet each of its
  * child rows is a dozen widgets that a style sheet polishes at the first
  * show. Until the drawer is first expanded it keeps, instead of widgets:
- *  - per row, its record, indices, tool tip, hover-button flags and full
- *    name lines, and the few events of its past that still decide how its
- *    name lines are elided (Row::events);
+ *  - per row, its record, indices, tool tip, hover-button flags, its
+ *    selected look while it is not polished, and the few events of its past
+ *    that still decide how its name lines are elided (Row::events);
  *  - the number of spacings in the child layout, which is always those
  *    spacings followed by the rows.
  *
