@@ -205,10 +205,7 @@ void DrawerControl::createSingle(const st_NodeInfoSignal &node, int rootIndex, i
     SecondItem *pItem = new SecondItem(m_pContainer);
     pItem->initItem(rootIndex, childIndex);
     pItem->setNodeInfo(node);
-    m_pChildLayout->addWidget(pItem);
-    m_lstSecondItem.append(pItem);
-    connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
-    connectSecondItemButtons(pItem);
+    adoptRow(pItem);
     if (!locked)
         pressRow(m_lstSecondItem.size() - 1);
 }
@@ -243,11 +240,16 @@ void DrawerControl::buildRows()
         pItem->setOpBtnShow(row.buttons.toList());
         if (row.hasToolTip)
             pItem->setToolTip(row.toolTip);
-        m_pChildLayout->addWidget(pItem);
-        m_lstSecondItem.append(pItem);
-        connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
-        connectSecondItemButtons(pItem);
+        adoptRow(pItem);
     }
+}
+
+void DrawerControl::adoptRow(SecondItem *pItem)
+{
+    m_pChildLayout->addWidget(pItem);
+    m_lstSecondItem.append(pItem);
+    connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
+    connectSecondItemButtons(pItem);
 }
 
 void DrawerControl::buildRowsIfDue()
@@ -347,12 +349,7 @@ void DrawerControl::applyRecord(int childIndex, const st_NodeInfoSignal &node, c
 void DrawerControl::setCurSelSecondItem(int childIndex)
 {
     // Unlike markSelSecondItem, whatever the lock says.
-    if (m_pPending) {
-        m_pPending->press(childIndex);
-        buildRowsIfDue();
-    } else {
-        pressRow(childIndex);
-    }
+    showSelectedLook(childIndex);
     m_iCurSecondIndex = childIndex;
     m_lstSelIndex = QList<int>() << m_iRootIndex << childIndex;
     reportSelection(&DrawerControl::signal_OnCurrentItemClicked);
@@ -467,6 +464,11 @@ void DrawerControl::markSelSecondItem(int index)
 {
     if (m_bIsLockSel || rowCount() == 0)
         return;
+    showSelectedLook(index);
+}
+
+void DrawerControl::showSelectedLook(int index)
+{
     if (m_pPending) {
         m_pPending->press(index);
         buildRowsIfDue();

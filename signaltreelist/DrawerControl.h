@@ -152,7 +152,11 @@ private:
                      const st_NodeInfoSignal &rootNode, bool locked);
     void createSingle(const st_NodeInfoSignal &node, int rootIndex, int childIndex, bool locked);
     void applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode);
+    /// The end of one row's creation: laid out last, listed, connected.
+    void adoptRow(SecondItem *pItem);
     void pressRow(int index);
+    /// The selected look on row @p index, built or waiting.
+    void showSelectedLook(int index);
     void notePolishOfNewRows();
     void buildRowsIfDue();
     void renumberRows();

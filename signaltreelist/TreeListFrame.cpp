@@ -127,19 +127,15 @@ bool TreeListFrame::insertIntoOrderedLayout(DrawerControl *pDrawer)
             break;
         }
     }
+    // Drawers in front of the first live one count as released: were one of
+    // them live after all, the check below would miss it among the rest (a
+    // widget is in a layout once) and give up.
     int released = 0;
     while (released < count - 1) {
         QWidget *pWidget = m_pContainerLayout->itemAt(released)->widget();
         if (!qobject_cast<DrawerControl *>(pWidget) || pWidget == pFirst)
             break;
         ++released;
-    }
-    if (released > 0) {
-        const QSet<DrawerControl *> live(m_lstDrawers.cbegin(), m_lstDrawers.cend());
-        for (int i = 0; i < released; ++i) {
-            if (live.contains(static_cast<DrawerControl *>(m_pContainerLayout->itemAt(i)->widget())))
-                return false;
-        }
     }
 
     int position = -1;
