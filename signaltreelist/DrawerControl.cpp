@@ -32,6 +32,13 @@ bool DrawerControl::s_bDeferRows = true;
 
 namespace {
 
+// Keys of rows: never reused, so a key names one row for good.
+quint64 nextRowKey()
+{
+    static quint64 next = 0;
+    return ++next;
+}
+
 // The size of a child row that was built but never laid out.
 QSize newRowSize()
 {
@@ -64,6 +71,7 @@ DrawerControl::DrawerControl(QWidget *parent)
     , m_pContainer(nullptr)
     , m_pDrag(nullptr)
     , m_pPending(s_bDeferRows ? std::make_unique<PendingRows>() : nullptr)
+    , m_quRootKey(nextRowKey())
 {
     setIsDrag(false);
 }
@@ -119,6 +127,8 @@ void DrawerControl::addSecondItems(QList<st_NodeInfoSignal> nodes)
 
     const int n = m_lstSecondNodeInfo.size();
     m_lstSecondNodeInfo.append(nodes);
+    for (int i = 0; i < nodes.size(); ++i)
+        m_lstRowKeys.append(nextRowKey());
     const int rootIndex = m_pRootItem->getIndexText().toInt(nullptr, 10);
     const st_NodeInfoSignal rootNode = m_pRootItem->getNodeInfo();
     // A drawer that was never expanded ends this call collapsed: its rows
@@ -188,6 +198,7 @@ void DrawerControl::addSecondItem(st_NodeInfoSignal node, int rootIndex, int chi
     if (!m_pContainer)
         return;
 
+    m_lstRowKeys.append(nextRowKey());
     // Rows wait only while nobody can see them.
     if (m_pPending && m_pContainer->isHidden()) {
         m_pPending->addSingle(node, rootIndex, childIndex, m_bIsLockSel);
@@ -288,6 +299,7 @@ void DrawerControl::deleteSecondItem(int childIndex)
 {
     if (childIndex < 0 || childIndex >= rowCount())
         return;
+    m_lstRowKeys.remove(childIndex);
     if (m_pPending) {
         m_pPending->remove(childIndex);
         return;
@@ -481,6 +493,64 @@ void DrawerControl::pressRow(int index)
 {
     for (int i = 0; i < m_lstSecondItem.size(); ++i)
         m_lstSecondItem.at(i)->setPressed(i == index);
+}
+
+quint64 DrawerControl::rowKey(int index) const
+{
+    return m_lstRowKeys.value(index, 0);
+}
+
+quint64 DrawerControl::rootKey() const
+{
+    return m_quRootKey;
+}
+
+int DrawerControl::rowIndexOfKey(quint64 key) const
+{
+    return key == 0 ? -1 : m_lstRowKeys.indexOf(key);
+}
+
+st_NodeInfoSignal DrawerControl::rowRecord(int index) const
+{
+    if (index < 0 || index >= rowCount())
+        return st_NodeInfoSignal();
+    return m_pPending ? m_pPending->record(index) : m_lstSecondItem.at(index)->getNodeInfo();
+}
+
+bool DrawerControl::rowLooksSelected(int index) const
+{
+    if (index < 0 || index >= rowCount())
+        return false;
+    if (m_pPending)
+        return m_pPending->rows().at(index).pressed;
+    return m_lstSecondItem.at(index)->property("isSecondItem").toString() == QLatin1String("press");
+}
+
+bool DrawerControl::rowOffersButton(int index, bool edit) const
+{
+    if (index < 0) {
+        if (!m_pRootItem)
+            return false;
+        return edit ? m_pRootItem->showsEditButton() : m_pRootItem->showsDeleteButton();
+    }
+    if (index >= rowCount())
+        return false;
+    if (m_pPending) {
+        const ButtonFlags &flags = m_pPending->rows().at(index).buttons;
+        return edit ? flags.edit : flags.remove;
+    }
+    const SecondItem *pItem = m_lstSecondItem.at(index);
+    return edit ? pItem->showsEditButton() : pItem->showsDeleteButton();
+}
+
+SecondItem *DrawerControl::builtRow(int index) const
+{
+    return m_pPending ? nullptr : m_lstSecondItem.value(index);
+}
+
+bool DrawerControl::showsChildren() const
+{
+    return m_pContainer && !m_pContainer->isHidden() && m_bIsShowChild;
 }
 
 RootItem *DrawerControl::rootItem() const

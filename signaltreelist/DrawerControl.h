@@ -10,6 +10,7 @@
 
 #include <QList>
 #include <QPoint>
+#include <QVector>
 
 #include <memory>
 
@@ -106,6 +107,29 @@ public:
     /// Builds and runs the drag of the current selection.
     void startDrag();
 
+    // The rows as the keyboard and accessibility see them, built or not.
+    // Every row has a key that stays with it while others come and go; no
+    // two rows, nor a row and a drawer, ever share one.
+    /// Child rows, built or waiting.
+    int rowCount() const;
+    /// The key of child row @p index, or 0 when there is none.
+    quint64 rowKey(int index) const;
+    /// The key of the root row, the drawer's own.
+    quint64 rootKey() const;
+    /// The position of the child row with @p key, or -1.
+    int rowIndexOfKey(quint64 key) const;
+    /// The record of child row @p index (a default one when there is none).
+    st_NodeInfoSignal rowRecord(int index) const;
+    /// Whether child row @p index shows the selected look.
+    bool rowLooksSelected(int index) const;
+    /// Whether child row @p index (-1: the root row) shows its edit (@p edit)
+    /// or delete button on hover.
+    bool rowOffersButton(int index, bool edit) const;
+    /// Child row @p index as a widget, or null while it is not one.
+    SecondItem *builtRow(int index) const;
+    /// Whether the children show: expanded, and the container not hidden.
+    bool showsChildren() const;
+
     // Read access for the container's diagnostics and for tests.
     RootItem *rootItem() const;
     /// The built child rows (none while they wait for the first expansion).
@@ -160,8 +184,6 @@ private:
     void notePolishOfNewRows();
     void buildRowsIfDue();
     void renumberRows();
-    /// Child rows, built or waiting.
-    int rowCount() const;
     void connectSecondItemButtons(SecondItem *pItem);
     /// Emits @p signal with a copy of the selection path.
     void reportSelection(void (DrawerControl::*signal)(QList<int>));
@@ -189,6 +211,9 @@ private:
     QDrag *m_pDrag;
     /// The rows while they wait for the first expansion; null once built.
     std::unique_ptr<PendingRows> m_pPending;
+    /// Keys of the child rows, in row order; m_quRootKey the root row's.
+    QVector<quint64> m_lstRowKeys;
+    quint64 m_quRootKey;
     static bool s_bDeferRows;
 };
 

@@ -3,6 +3,7 @@
 
 #include "KeyboardNavigator.h"
 
+#include "AccessibleRows.h"
 #include "DrawerControl.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -11,15 +12,12 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QCheckBox>
 #include <QFocusEvent>
-#include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
-#include <QToolButton>
 
 namespace {
 
@@ -63,175 +61,113 @@ KeyboardNavigator *KeyboardNavigator::of(const QWidget *frame)
                  : nullptr;
 }
 
-DrawerControl *KeyboardNavigator::drawerOf(const QWidget *row)
+RowRef KeyboardNavigator::focusRow() const
 {
-    for (QWidget *w = row ? row->parentWidget() : nullptr; w; w = w->parentWidget()) {
-        if (auto *drawer = qobject_cast<DrawerControl *>(w))
-            return drawer;
-    }
-    return nullptr;
+    return ShownRows::isShown(m_pFrame, m_focus) ? m_focus : RowRef();
 }
 
-TreeListFrame *KeyboardNavigator::frameOf(const QWidget *widget)
+void KeyboardNavigator::publish(const RowRef &row, bool focused)
 {
-    for (QWidget *w = widget ? widget->parentWidget() : nullptr; w; w = w->parentWidget()) {
-        if (auto *frame = qobject_cast<TreeListFrame *>(w))
-            return frame;
-    }
-    return nullptr;
-}
-
-QList<QWidget *> KeyboardNavigator::rootRows(const TreeListFrame *frame)
-{
-    QList<QWidget *> rows;
-    if (!frame)
-        return rows;
-    for (DrawerControl *drawer : frame->drawers()) {
-        if (drawer && drawer->rootItem() && !drawer->isHidden())
-            rows << drawer->rootItem();
-    }
-    return rows;
-}
-
-QList<QWidget *> KeyboardNavigator::visibleRows() const
-{
-    QList<QWidget *> rows;
-    for (QWidget *root : rootRows(m_pFrame)) {
-        rows << root;
-        if (isExpanded(root)) {
-            for (SecondItem *row : drawerOf(root)->secondItems())
-                rows << row;
-        }
-    }
-    return rows;
-}
-
-QWidget *KeyboardNavigator::focusRow() const
-{
-    QWidget *row = m_pFocusRow;
-    return row && visibleRows().contains(row) ? row : nullptr;
-}
-
-void KeyboardNavigator::publish(QWidget *row, bool focused)
-{
-    if (!row || row->property(kKeyFocusProperty).toBool() == focused)
+    QWidget *widget = ShownRows::widget(row);
+    if (!widget || widget->property(kKeyFocusProperty).toBool() == focused)
         return;
-    row->setProperty(kKeyFocusProperty, focused);
-    repolish(row);
+    widget->setProperty(kKeyFocusProperty, focused);
+    repolish(widget);
 }
 
-void KeyboardNavigator::setFocusRow(QWidget *row, bool scroll)
+void KeyboardNavigator::setFocusRow(const RowRef &row, bool scroll)
 {
-    if (m_pFocusRow != row)
-        publish(m_pFocusRow, false);
-    m_pFocusRow = row;
+    if (m_focus != row)
+        publish(m_focus, false);
+    m_focus = row;
     m_focusPlace = placeOf(row);
-    if (!row)
+    if (!row.drawer)
         return;
     m_tabTarget = markOf(row);
     publish(row, m_pFrame->hasFocus());
-    if (scroll && m_pScrollArea && row->isVisible())
-        m_pScrollArea->ensureWidgetVisible(row, 0, 0);
+    QWidget *widget = ShownRows::widget(row);
+    if (scroll && m_pScrollArea && widget && widget->isVisible())
+        m_pScrollArea->ensureWidgetVisible(widget, 0, 0);
     // Once per row and focus-in: a click on the focus row is no news.
-    if (m_pFrame->hasFocus() && m_pAnnouncedFocus != row) {
-        m_pAnnouncedFocus = row;
-        QAccessibleEvent event(row, QAccessible::Focus);
-        QAccessible::updateAccessibility(&event);
+    if (m_pFrame->hasFocus() && m_announcedFocus != row) {
+        m_announcedFocus = row;
+        if (QAccessibleInterface *iface = QAccessible::isActive() ? AccessibleRows::interfaceFor(row) : nullptr) {
+            QAccessibleEvent event(iface, QAccessible::Focus);
+            QAccessible::updateAccessibility(&event);
+        }
     }
 }
 
-KeyboardNavigator::Place KeyboardNavigator::placeOf(QWidget *row) const
+KeyboardNavigator::Place KeyboardNavigator::placeOf(const RowRef &row) const
 {
     Place place;
-    DrawerControl *drawer = drawerOf(row);
-    if (!drawer)
+    DrawerControl *drawer = row.drawer;
+    if (!drawer || !row.exists())
         return place;
     place.drawer = drawer;
-    place.rootPos = rootRows(m_pFrame).indexOf(drawer->rootItem());
-    place.childPos = drawer->secondItems().indexOf(qobject_cast<SecondItem *>(row));
+    place.rootPos = ShownRows::roots(m_pFrame).indexOf(RowRef::root(drawer));
+    place.childPos = row.childIndex();
     return place;
 }
 
-QWidget *KeyboardNavigator::nearest(const Place &place, const QList<QWidget *> &rows) const
+RowRef KeyboardNavigator::nearest(const Place &place, const QList<RowRef> &rows) const
 {
     if (place.rootPos < 0)
-        return nullptr;
+        return RowRef();
     DrawerControl *drawer = place.drawer;
-    if (drawer && rows.contains(drawer->rootItem())) {
+    const RowRef root = RowRef::root(drawer);
+    if (drawer && rows.contains(root)) {
         // The next row of the group (it moved up into the place), else the
         // previous one, else the group's root row.
-        if (place.childPos >= 0 && isExpanded(drawer->rootItem())) {
-            const QList<SecondItem *> children = drawer->secondItems();
-            if (place.childPos < children.size())
-                return children.at(place.childPos);
-            if (!children.isEmpty())
-                return children.last();
-        }
-        return drawer->rootItem();
+        const int count = drawer->rowCount();
+        if (place.childPos >= 0 && ShownRows::isExpanded(root) && count > 0)
+            return RowRef::child(drawer, qMin(place.childPos, count - 1));
+        return root;
     }
     // The whole group went: the root row now in its place, else the last.
-    const QList<QWidget *> roots = rootRows(m_pFrame);
-    return roots.isEmpty() ? nullptr : roots.at(qMin(place.rootPos, roots.size() - 1));
+    const QList<RowRef> roots = ShownRows::roots(m_pFrame);
+    return roots.isEmpty() ? RowRef() : roots.at(qMin(place.rootPos, roots.size() - 1));
 }
 
-KeyboardNavigator::Mark KeyboardNavigator::markOf(QWidget *row)
+KeyboardNavigator::Mark KeyboardNavigator::markOf(const RowRef &row)
 {
     Mark mark;
-    mark.drawer = drawerOf(row);
     mark.row = row;
-    mark.built = row != nullptr;
-    mark.child = mark.drawer ? mark.drawer->secondItems().indexOf(qobject_cast<SecondItem *>(row)) : -1;
     mark.stamp = ++m_clock;
     return mark;
 }
 
-QWidget *KeyboardNavigator::resolve(const Mark &mark) const
+RowRef KeyboardNavigator::lastSelectedRow() const
 {
-    if (mark.row)
-        return drawerOf(mark.row) == mark.drawer ? mark.row.data() : nullptr;
-    if (mark.built || !mark.drawer)
-        return nullptr; // that row is gone
-    // Named before its rows were built.
-    return mark.child < 0 ? static_cast<QWidget *>(mark.drawer->rootItem()) : mark.drawer->secondItems().value(mark.child);
-}
-
-QWidget *KeyboardNavigator::lastSelectedRow() const
-{
-    return resolve(m_lastSelected);
+    return m_lastSelected.row.exists() ? m_lastSelected.row : RowRef();
 }
 
 void KeyboardNavigator::noteHostSelection(DrawerControl *drawer, int child)
 {
-    st_NodeInfoSignal unused;
-    if (!drawer || !drawer->rootItem() || (child >= 0 && drawer->getSecondNodeInfo(child, unused) == 0))
+    if (!drawer || !drawer->rootItem() || (child >= 0 && child >= drawer->rowCount()))
         return; // names no row
-    QWidget *row = child < 0 ? static_cast<QWidget *>(drawer->rootItem()) : drawer->secondItems().value(child);
-    m_lastSelected = markOf(row);
-    // A row not built yet (its group was never opened) goes by its place.
-    m_lastSelected.drawer = drawer;
-    m_lastSelected.child = child;
+    m_lastSelected = markOf(child < 0 ? RowRef::root(drawer) : RowRef::child(drawer, child));
     m_tabTarget = m_lastSelected;
     scheduleSync();
 }
 
-QWidget *KeyboardNavigator::entryRow(const QList<QWidget *> &rows) const
+RowRef KeyboardNavigator::entryRow(const QList<RowRef> &rows) const
 {
-    QWidget *target = resolve(m_tabTarget);
-    if (target && rows.contains(target))
-        return target;
-    QWidget *row = lastSelectedRow();
-    if (row && rows.contains(row))
+    if (m_tabTarget.row.exists() && rows.contains(m_tabTarget.row))
+        return m_tabTarget.row;
+    const RowRef row = lastSelectedRow();
+    if (row.drawer && rows.contains(row))
         return row;
     // Selected inside a closed group: the group's row.
-    DrawerControl *drawer = m_lastSelected.drawer;
-    if (drawer && rows.contains(drawer->rootItem()))
-        return drawer->rootItem();
+    const RowRef root = RowRef::root(m_lastSelected.row.drawer);
+    if (root.drawer && rows.contains(root))
+        return root;
     return rows.value(0);
 }
 
-void KeyboardNavigator::noteActedOn(QWidget *row)
+void KeyboardNavigator::noteActedOn(const RowRef &row)
 {
-    m_pActedOn = row;
+    m_actedOn = row;
     m_actedStamp = ++m_clock;
     scheduleSync();
 }
@@ -246,25 +182,25 @@ void KeyboardNavigator::scheduleSync()
 
 void KeyboardNavigator::rowsChanged(const QWidget *widget)
 {
-    if (KeyboardNavigator *keys = of(qobject_cast<const TreeListFrame *>(widget) ? widget : frameOf(widget)))
+    if (KeyboardNavigator *keys = of(qobject_cast<const TreeListFrame *>(widget) ? widget : ShownRows::frameOf(widget)))
         keys->scheduleSync();
 }
 
 void KeyboardNavigator::sync()
 {
     m_bSyncPending = false;
-    const QList<QWidget *> rows = visibleRows();
-    if (m_pActedOn) {
-        if (rows.contains(m_pActedOn) && isSelected(m_pActedOn)) {
-            m_lastSelected = markOf(m_pActedOn);
+    const QList<RowRef> rows = ShownRows::rows(m_pFrame);
+    if (m_actedOn.drawer) {
+        if (rows.contains(m_actedOn) && ShownRows::isSelected(m_actedOn)) {
+            m_lastSelected = markOf(m_actedOn);
             m_lastSelected.stamp = m_actedStamp;
             if (m_actedStamp > m_tabTarget.stamp)
                 m_tabTarget = m_lastSelected;
         }
-        m_pActedOn = nullptr;
+        m_actedOn = RowRef();
     }
-    if (m_pFocusRow && rows.contains(m_pFocusRow)) {
-        m_focusPlace = placeOf(m_pFocusRow);
+    if (m_focus.drawer && rows.contains(m_focus)) {
+        m_focusPlace = placeOf(m_focus);
     } else if (m_pFrame->hasFocus() && m_focusPlace.rootPos >= 0) {
         // The focus row was removed or hidden under the user's eyes: the
         // focus stays in the list, on the nearest row.
@@ -272,96 +208,39 @@ void KeyboardNavigator::sync()
     } else {
         // Away from the list a removed row is simply forgotten; Tab picks
         // the row to land on. A hidden row keeps no focus look.
-        publish(m_pFocusRow, false);
+        publish(m_focus, false);
     }
 
     QVector<SelectionAnnouncer::Row> states;
     if (QAccessible::isActive()) {
         states.reserve(rows.size());
-        for (QWidget *row : rows)
-            states.append({row, isSelected(row)});
+        for (const RowRef &row : rows)
+            states.append({row, ShownRows::isSelected(row)});
+        AccessibleRows::sweep();
     }
     m_announcer.update(states);
 }
 
-void KeyboardNavigator::activate(QWidget *row)
-{
-    // The very events a click delivers: the rows' own handlers run.
-    const QPointer<QWidget> guard(row);
-    const QPoint at(row->width() / 2, row->height() / 2);
-    QMouseEvent press(QEvent::MouseButtonPress, at, row->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(row, &press);
-    if (!guard)
-        return;
-    QMouseEvent release(QEvent::MouseButtonRelease, at, row->mapToGlobal(at), Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
-    QCoreApplication::sendEvent(row, &release);
-}
-
-bool KeyboardNavigator::isExpanded(const QWidget *root)
-{
-    const DrawerControl *drawer = drawerOf(root);
-    return drawer && qobject_cast<const RootItem *>(root) && drawer->childContainer()
-        && !drawer->childContainer()->isHidden() && drawer->isShowChild();
-}
-
-bool KeyboardNavigator::setExpanded(QWidget *root, bool expand)
-{
-    auto *item = qobject_cast<RootItem *>(root);
-    if (!item || !item->expandBox() || isExpanded(root) == expand)
-        return false;
-    // The expand box's own click: checked state, press look, children.
-    if (item->expandBox()->isChecked() == expand)
-        item->expandBox()->setChecked(!expand);
-    item->expandBox()->click();
-    rowsChanged(root);
-    return true;
-}
-
-bool KeyboardNavigator::isSelected(const QWidget *row)
-{
-    if (auto *root = qobject_cast<const RootItem *>(row)) {
-        // The drawer's selection is the root row, and the root was selected
-        // (a deselection by code leaves the drawer at [root] too).
-        const DrawerControl *drawer = drawerOf(row);
-        return drawer && drawer->getIsRootSel() && drawer->selIndex().size() == 1 && root->isSelected();
-    }
-    return qobject_cast<const SecondItem *>(row) && row->property("isSecondItem").toString() == QLatin1String("press");
-}
-
-QToolButton *KeyboardNavigator::offeredButton(const QWidget *row, bool edit)
-{
-    if (auto *root = qobject_cast<const RootItem *>(row)) {
-        if (edit ? root->showsEditButton() : root->showsDeleteButton())
-            return edit ? root->editButton() : root->deleteButton();
-    } else if (auto *child = qobject_cast<const SecondItem *>(row)) {
-        if (edit ? child->showsEditButton() : child->showsDeleteButton())
-            return edit ? child->editButton() : child->deleteButton();
-    }
-    return nullptr;
-}
-
-QWidget *KeyboardNavigator::rowAt(QObject *object) const
+RowRef KeyboardNavigator::rowAt(QObject *object) const
 {
     for (QObject *o = object; o && o != m_pFrame; o = o->parent()) {
         if (qobject_cast<RootItem *>(o) || qobject_cast<SecondItem *>(o)) {
             QWidget *row = static_cast<QWidget *>(o);
-            return m_pFrame->isAncestorOf(row) ? row : nullptr;
+            return m_pFrame->isAncestorOf(row) ? ShownRows::of(row) : RowRef();
         }
     }
-    return nullptr;
+    return RowRef();
 }
 
-QWidget *KeyboardNavigator::pageStep(QWidget *from, int direction) const
+RowRef KeyboardNavigator::pageStep(const RowRef &from, int direction) const
 {
-    const QList<QWidget *> rows = visibleRows();
+    const QList<RowRef> rows = ShownRows::rows(m_pFrame);
     const int page = m_pScrollArea ? m_pScrollArea->viewport()->height() : 0;
     const int start = rows.indexOf(from);
-    const int top = from->mapTo(m_pFrame, QPoint(0, 0)).y();
-    QWidget *target = rows.value(start + direction, from);
+    const int top = ShownRows::screenRect(from).y();
+    RowRef target = rows.value(start + direction, from);
     for (int i = start + direction; i >= 0 && i < rows.size(); i += direction) {
-        const int distance = (rows.at(i)->mapTo(m_pFrame, QPoint(0, 0)).y() - top) * direction;
+        const int distance = (ShownRows::screenRect(rows.at(i)).y() - top) * direction;
         if (distance > page)
             break;
         target = rows.at(i);
@@ -381,18 +260,18 @@ bool KeyboardNavigator::handleKey(QKeyEvent *event)
     // even when the event loop has not run in between.
     if (m_bSyncPending)
         sync();
-    const QList<QWidget *> rows = visibleRows();
+    const QList<RowRef> rows = ShownRows::rows(m_pFrame);
     if (rows.isEmpty())
         return false;
-    QWidget *row = focusRow();
-    if (!row) {
+    const RowRef row = focusRow();
+    if (!row.drawer) {
         // No row has the focus yet (the list was empty, or the row went while
         // the list was away): the first key only shows where the focus is.
         setFocusRow(key == Qt::Key_Home ? rows.first() : key == Qt::Key_End ? rows.last() : entryRow(rows));
         return true;
     }
     const int index = rows.indexOf(row);
-    const bool isRoot = qobject_cast<RootItem *>(row) != nullptr;
+    const bool isRoot = row.isRoot();
     switch (key) {
     case Qt::Key_Up:
         setFocusRow(rows.at(qMax(0, index - 1)));
@@ -415,32 +294,33 @@ bool KeyboardNavigator::handleKey(QKeyEvent *event)
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        activate(row); // the host may delete the list from here on
+        ShownRows::activate(row); // the host may delete the list from here on
         return true;
     case Qt::Key_Right:
     case Qt::Key_Plus:
-        if (isRoot && !isExpanded(row)) {
-            setExpanded(row, true);
+        if (isRoot && !ShownRows::isExpanded(row)) {
+            if (ShownRows::setExpanded(row, true))
+                scheduleSync();
         } else if (isRoot && key == Qt::Key_Right && index + 1 < rows.size()
-                   && drawerOf(rows.at(index + 1)) == drawerOf(row)) {
+                   && rows.at(index + 1).drawer == row.drawer) {
             setFocusRow(rows.at(index + 1));
         }
         return true;
     case Qt::Key_Left:
     case Qt::Key_Minus:
-        if (isRoot && isExpanded(row)) {
-            setExpanded(row, false);
+        if (isRoot && ShownRows::isExpanded(row)) {
+            if (ShownRows::setExpanded(row, false))
+                scheduleSync();
         } else if (!isRoot && key == Qt::Key_Left) {
-            if (DrawerControl *drawer = drawerOf(row))
-                setFocusRow(drawer->rootItem());
+            setFocusRow(RowRef::root(row.drawer));
         }
         return true;
     default: { // F2, Delete
-        QToolButton *button = offeredButton(row, key == Qt::Key_F2);
-        if (!button)
+        const bool edit = key == Qt::Key_F2;
+        if (!ShownRows::offersButton(row, edit))
             return false;
         noteActedOn(row);
-        button->click(); // the host may delete the list from here on
+        ShownRows::clickButton(row, edit); // the host may delete the list from here on
         return true;
     }
     }
@@ -454,7 +334,7 @@ void KeyboardNavigator::onFocusIn(int reason)
     // lands by its own rule.
     m_focusPlace = Place();
     sync();
-    setFocusRow(entryRow(visibleRows()));
+    setFocusRow(entryRow(ShownRows::rows(m_pFrame)));
 }
 
 bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
@@ -466,7 +346,8 @@ bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
         if (watched->isWidgetType() && m_pFrame->isAncestorOf(static_cast<QWidget *>(watched))) {
             // Whatever the click changes is caught up with once it is handled.
             scheduleSync();
-            if (QWidget *row = rowAt(watched)) {
+            const RowRef row = rowAt(watched);
+            if (row.drawer) {
                 noteActedOn(row);
                 if (event->type() != QEvent::MouseButtonRelease) {
                     if (!m_pFrame->hasFocus())
@@ -484,8 +365,8 @@ bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
         return false;
     case QEvent::FocusOut:
         if (watched == m_pFrame) {
-            publish(m_pFocusRow, false);
-            m_pAnnouncedFocus = nullptr;
+            publish(m_focus, false);
+            m_announcedFocus = RowRef();
         }
         return false;
     default:

@@ -176,6 +176,7 @@ void PendingRows::setTexts(Row &row, const st_NodeInfoSignal &node)
 
 void PendingRows::setPressed(Row &row, bool pressed)
 {
+    row.pressed = pressed;
     if (!row.polished) {
         row.unpolishedPress = pressed ? 1 : 0;
         return;

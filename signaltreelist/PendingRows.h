@@ -69,6 +69,8 @@ public:
         /// set after the events: until its polish the look does not change
         /// its fonts, so where it fell among the records does not matter.
         qint8 unpolishedPress = -1;
+        /// The selected look it shows now.
+        bool pressed = false;
 
         // The row's full upper line and polish, as its widget would have them.
         QString upperText;

@@ -3,18 +3,17 @@
 
 #include "RowAccessible.h"
 
+#include "AccessibleRows.h"
 #include "DrawerControl.h"
 #include "KeyboardNavigator.h"
-#include "RootItem.h"
-#include "SecondItem.h"
 #include "TreeListFrame.h"
 
-#include <QAccessible>
 #include <QCoreApplication>
-#include <QToolButton>
+#include <QWidget>
+#include <QWindow>
 
-RowAccessible::RowAccessible(QWidget *row)
-    : QAccessibleWidget(row, QAccessible::TreeItem)
+RowAccessible::RowAccessible(const RowRef &row)
+    : m_row(row)
 {
 }
 
@@ -65,85 +64,102 @@ void RowAccessible::retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidg
     // it a picture and a meaning through their style.
     name(fourth, QCoreApplication::translate("SignalTreeList", "More",
                                              "fourth button of a signal row, whose meaning the application gives"));
-    // The description ("offline") is read in the new language from now on.
-    if (row && QAccessible::isActive()) {
-        QAccessibleEvent event(row, QAccessible::DescriptionChanged);
+    // The description ("offline") is read in the new language from now on,
+    // by whoever already knows the row.
+    QAccessibleInterface *iface = row && QAccessible::isActive() ? AccessibleRows::existing(ShownRows::of(row)) : nullptr;
+    if (iface) {
+        QAccessibleEvent event(iface, QAccessible::DescriptionChanged);
         QAccessible::updateAccessibility(&event);
     }
 }
 
-bool RowAccessible::isRoot() const
+bool RowAccessible::isValid() const
 {
-    return qobject_cast<const RootItem *>(object()) != nullptr;
+    return m_row.exists();
 }
 
-DrawerControl *RowAccessible::drawer() const
+QObject *RowAccessible::object() const
 {
-    return KeyboardNavigator::drawerOf(widget());
+    // The row, not whichever widget shows it now.
+    return nullptr;
 }
 
-QList<QWidget *> RowAccessible::shownChildren() const
+QWindow *RowAccessible::window() const
 {
-    QList<QWidget *> rows;
-    DrawerControl *d = drawer();
-    if (!isRoot() || !d || !KeyboardNavigator::isExpanded(widget()))
-        return rows;
-    for (SecondItem *row : d->secondItems())
-        rows << row;
-    return rows;
+    QWidget *frame = ShownRows::frameOf(m_row.drawer);
+    return frame ? frame->window()->windowHandle() : nullptr;
+}
+
+QList<RowRef> RowAccessible::shownChildren() const
+{
+    return ShownRows::children(m_row);
 }
 
 QString RowAccessible::text(QAccessible::Text t) const
 {
-    st_NodeInfoSignal node;
-    if (auto *root = qobject_cast<RootItem *>(object()))
-        node = root->getNodeInfo();
-    else if (auto *row = qobject_cast<SecondItem *>(object()))
-        node = row->getNodeInfo();
+    const st_NodeInfoSignal node = ShownRows::record(m_row);
     switch (t) {
     case QAccessible::Name:
         // Every line in full: the row shows them elided.
         return node.strNodeName.join(QStringLiteral(", "));
     case QAccessible::Description:
-        if (!isRoot() && !node.isOnline)
+        if (!m_row.isRoot() && !node.isOnline)
             return QCoreApplication::translate("SignalTreeList", "offline", "a signal that is not available");
         return QString();
     default:
-        return QAccessibleWidget::text(t);
+        return QString();
     }
+}
+
+void RowAccessible::setText(QAccessible::Text t, const QString &text)
+{
+    // The host names the rows.
+    Q_UNUSED(t)
+    Q_UNUSED(text)
+}
+
+QRect RowAccessible::rect() const
+{
+    return ShownRows::screenRect(m_row);
+}
+
+QAccessible::Role RowAccessible::role() const
+{
+    return QAccessible::TreeItem;
 }
 
 QAccessible::State RowAccessible::state() const
 {
-    QAccessible::State s = QAccessibleWidget::state();
+    QAccessible::State s;
     s.selectable = true;
     s.focusable = true;
-    DrawerControl *d = drawer();
-    QWidget *row = widget();
-    if (!d || !row)
+    if (!m_row.exists()) {
+        s.invisible = true;
         return s;
-    s.selected = KeyboardNavigator::isSelected(row);
-    if (isRoot()) {
+    }
+    TreeListFrame *frame = ShownRows::frameOf(m_row.drawer);
+    const QWidget *shownBy = ShownRows::widget(m_row);
+    s.invisible = shownBy ? !shownBy->isVisible() : !(frame && frame->isVisible());
+    s.offscreen = s.invisible;
+    s.selected = ShownRows::isSelected(m_row);
+    if (m_row.isRoot()) {
         s.expandable = true;
-        s.expanded = KeyboardNavigator::isExpanded(row);
+        s.expanded = ShownRows::isExpanded(m_row);
         s.collapsed = !s.expanded;
     }
-    TreeListFrame *frame = KeyboardNavigator::frameOf(row);
     const KeyboardNavigator *keys = KeyboardNavigator::of(frame);
-    s.focused = frame && frame->hasFocus() && keys && keys->focusRow() == row;
+    s.focused = frame && frame->hasFocus() && keys && keys->focusRow() == m_row;
     return s;
 }
 
 QAccessibleInterface *RowAccessible::parent() const
 {
-    DrawerControl *d = drawer();
-    if (!d)
-        return QAccessibleWidget::parent();
-    if (!isRoot())
-        return QAccessible::queryAccessibleInterface(d->rootItem());
-    if (TreeListFrame *frame = KeyboardNavigator::frameOf(d))
-        return QAccessible::queryAccessibleInterface(frame);
-    return QAccessibleWidget::parent();
+    if (!m_row.exists())
+        return nullptr;
+    if (!m_row.isRoot())
+        return AccessibleRows::interfaceFor(RowRef::root(m_row.drawer));
+    TreeListFrame *frame = ShownRows::frameOf(m_row.drawer);
+    return frame ? QAccessible::queryAccessibleInterface(frame) : nullptr;
 }
 
 int RowAccessible::childCount() const
@@ -153,23 +169,37 @@ int RowAccessible::childCount() const
 
 QAccessibleInterface *RowAccessible::child(int index) const
 {
-    QWidget *row = shownChildren().value(index);
-    return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
+    return AccessibleRows::interfaceFor(shownChildren().value(index));
 }
 
 int RowAccessible::indexOfChild(const QAccessibleInterface *child) const
 {
-    return child ? shownChildren().indexOf(qobject_cast<QWidget *>(child->object())) : -1;
+    const RowRef row = AccessibleRows::rowOf(child);
+    return row.drawer ? shownChildren().indexOf(row) : -1;
+}
+
+QAccessibleInterface *RowAccessible::childAt(int x, int y) const
+{
+    for (const RowRef &row : shownChildren()) {
+        if (ShownRows::screenRect(row).contains(x, y))
+            return AccessibleRows::interfaceFor(row);
+    }
+    return nullptr;
+}
+
+void *RowAccessible::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this) : nullptr;
 }
 
 QStringList RowAccessible::actionNames() const
 {
     QStringList names{pressAction()};
-    if (isRoot() && widget())
-        names << (KeyboardNavigator::isExpanded(widget()) ? collapseAction() : expandAction());
-    if (KeyboardNavigator::offeredButton(widget(), true))
+    if (m_row.isRoot())
+        names << (ShownRows::isExpanded(m_row) ? collapseAction() : expandAction());
+    if (ShownRows::offersButton(m_row, true))
         names << editAction();
-    if (KeyboardNavigator::offeredButton(widget(), false))
+    if (ShownRows::offersButton(m_row, false))
         names << deleteAction();
     return names;
 }
@@ -188,7 +218,7 @@ QString RowAccessible::localizedActionName(const QString &name) const
         return editButtonName();
     if (name == deleteAction())
         return deleteButtonName();
-    return QAccessibleWidget::localizedActionName(name);
+    return QString();
 }
 
 QString RowAccessible::localizedActionDescription(const QString &name) const
@@ -203,26 +233,27 @@ QString RowAccessible::localizedActionDescription(const QString &name) const
         return QCoreApplication::translate("SignalTreeList", "Asks the application to edit this row, as its edit button does", "accessible action description: edit");
     if (name == deleteAction())
         return QCoreApplication::translate("SignalTreeList", "Asks the application to delete this row, as its delete button does", "accessible action description: delete");
-    return QAccessibleWidget::localizedActionDescription(name);
+    return QString();
 }
 
 void RowAccessible::doAction(const QString &name)
 {
-    QWidget *row = widget();
-    if (!row)
+    if (!m_row.exists())
         return;
-    if (name == pressAction())
-        KeyboardNavigator::activate(row);
-    else if (name == expandAction())
-        KeyboardNavigator::setExpanded(row, true);
-    else if (name == collapseAction())
-        KeyboardNavigator::setExpanded(row, false);
-    else if (name == editAction() || name == deleteAction()) {
-        if (QToolButton *button = KeyboardNavigator::offeredButton(row, name == editAction())) {
-            if (KeyboardNavigator *keys = KeyboardNavigator::of(KeyboardNavigator::frameOf(row)))
-                keys->noteActedOn(row);
-            button->click();
-        }
+    TreeListFrame *frame = ShownRows::frameOf(m_row.drawer);
+    KeyboardNavigator *keys = KeyboardNavigator::of(frame);
+    if (name == pressAction()) {
+        ShownRows::activate(m_row);
+    } else if (name == expandAction() || name == collapseAction()) {
+        if (ShownRows::setExpanded(m_row, name == expandAction()) && keys)
+            keys->scheduleSync();
+    } else if (name == editAction() || name == deleteAction()) {
+        const bool edit = name == editAction();
+        if (!ShownRows::offersButton(m_row, edit))
+            return;
+        if (keys)
+            keys->noteActedOn(m_row);
+        ShownRows::clickButton(m_row, edit); // the host may delete the list from here on
     }
 }
 

@@ -6,9 +6,9 @@
 
 // Internal: not installed, not part of the library's interface.
 
-#include <QAccessibleWidget>
+#include "ShownRows.h"
 
-class DrawerControl;
+#include <QAccessible>
 
 /**
  * A root row or a child row as assistive technology sees it: a tree item
@@ -19,30 +19,43 @@ class DrawerControl;
  * the root row's expand box), edit and delete (a click on the button the
  * row offers). Every text goes through the "SignalTreeList" translation
  * context.
+ *
+ * It stands for the row, not for a widget: it answers whether or not the
+ * row is a widget at the moment, and stays the same interface for as long
+ * as the row exists (AccessibleRows hands it out).
  */
-// QAccessibleWidget brings the action interface; the actions are overridden.
-class RowAccessible : public QAccessibleWidget
+class RowAccessible : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
-    explicit RowAccessible(QWidget *row);
+    explicit RowAccessible(const RowRef &row);
+
+    const RowRef &row() const { return m_row; }
 
     static QString expandAction();
     static QString collapseAction();
     static QString editAction();
     static QString deleteAction();
 
-    /// Gives @p row's buttons (null ones are skipped) their accessible names
+    /// Gives @​p row's buttons (null ones are skipped) their accessible names
     /// in the current language and tells assistive technology that the
     /// row's description changed; the rows call it from reTranslateUI.
     static void retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture,
                             QWidget *fourth);
 
-    QString text(QAccessible::Text t) const override;
-    QAccessible::State state() const override;
+    bool isValid() const override;
+    QObject *object() const override;
+    QWindow *window() const override;
+    QAccessibleInterface *childAt(int x, int y) const override;
     QAccessibleInterface *parent() const override;
-    int childCount() const override;
     QAccessibleInterface *child(int index) const override;
+    int childCount() const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
+    QString text(QAccessible::Text t) const override;
+    void setText(QAccessible::Text t, const QString &text) override;
+    QRect rect() const override;
+    QAccessible::Role role() const override;
+    QAccessible::State state() const override;
+    void *interface_cast(QAccessible::InterfaceType type) override;
 
     QStringList actionNames() const override;
     QString localizedActionName(const QString &name) const override;
@@ -53,9 +66,9 @@ public:
 private:
     static QString editButtonName();
     static QString deleteButtonName();
-    bool isRoot() const;
-    DrawerControl *drawer() const;
-    QList<QWidget *> shownChildren() const;
+    QList<RowRef> shownChildren() const;
+
+    RowRef m_row;
 };
 
 #endif // SIGNALTREELIST_ROWACCESSIBLE_H

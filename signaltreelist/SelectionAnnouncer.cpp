@@ -3,6 +3,8 @@
 
 #include "SelectionAnnouncer.h"
 
+#include "AccessibleRows.h"
+
 #include <QAccessible>
 
 void SelectionAnnouncer::update(const QVector<Row> &rows)
@@ -11,24 +13,27 @@ void SelectionAnnouncer::update(const QVector<Row> &rows)
         m_known.clear();
         return;
     }
-    QHash<const QWidget *, Known> now;
+    QHash<quint64, bool> now;
     now.reserve(rows.size());
     for (const Row &row : rows) {
-        const auto seen = m_known.constFind(row.widget);
-        if (seen != m_known.constEnd() && seen->widget == row.widget && seen->selected != row.selected)
-            announce(row.widget, row.selected);
-        now.insert(row.widget, Known{row.widget, row.selected});
+        const auto seen = m_known.constFind(row.row.key);
+        if (seen != m_known.constEnd() && *seen != row.selected)
+            announce(row.row, row.selected);
+        now.insert(row.row.key, row.selected);
     }
     m_known.swap(now);
 }
 
-void SelectionAnnouncer::announce(QWidget *row, bool selected)
+void SelectionAnnouncer::announce(const RowRef &row, bool selected)
 {
+    QAccessibleInterface *iface = AccessibleRows::interfaceFor(row);
+    if (!iface)
+        return;
     QAccessible::State changed;
     changed.selected = true;
-    QAccessibleStateChangeEvent state(row, changed);
+    QAccessibleStateChangeEvent state(iface, changed);
     QAccessible::updateAccessibility(&state);
     // As Qt's own item views report a row joining or leaving the selection.
-    QAccessibleEvent selection(row, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    QAccessibleEvent selection(iface, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
     QAccessible::updateAccessibility(&selection);
 }

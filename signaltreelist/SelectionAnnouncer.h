@@ -6,10 +6,10 @@
 
 // Internal: not installed, not part of the library's interface.
 
+#include "ShownRows.h"
+
 #include <QHash>
-#include <QPointer>
 #include <QVector>
-#include <QWidget>
 
 /**
  * Tells assistive technology about every change of a shown row's selected
@@ -27,7 +27,7 @@ class SelectionAnnouncer
 public:
     struct Row
     {
-        QWidget *widget;
+        RowRef row;
         bool selected;
     };
 
@@ -40,14 +40,10 @@ public:
     int size() const { return m_known.size(); }
 
 private:
-    struct Known
-    {
-        QPointer<QWidget> widget; // null once that row is gone, whatever lives at its address now
-        bool selected;
-    };
-    static void announce(QWidget *row, bool selected);
+    static void announce(const RowRef &row, bool selected);
 
-    QHash<const QWidget *, Known> m_known;
+    // By row key: a key names one row for good.
+    QHash<quint64, bool> m_known;
 };
 
 #endif // SIGNALTREELIST_SELECTIONANNOUNCER_H

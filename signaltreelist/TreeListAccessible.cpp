@@ -3,8 +3,9 @@
 
 #include "TreeListAccessible.h"
 
+#include "AccessibleRows.h"
 #include "KeyboardNavigator.h"
-#include "RowAccessible.h"
+#include "ShownRows.h"
 #include "TreeListFrame.h"
 
 #include <QCoreApplication>
@@ -34,8 +35,8 @@ QAccessibleInterface *createInterface(const QString &key, QObject *object)
         return new FocusProxyAccessible(static_cast<QWidget *>(object));
     if (key == QLatin1String("TreeListFrame"))
         return new TreeListAccessible(static_cast<TreeListFrame *>(object));
-    if (key == QLatin1String("RootItem") || key == QLatin1String("SecondItem"))
-        return new RowAccessible(static_cast<QWidget *>(object));
+    // The rows have interfaces of their own, which do not hang on widgets
+    // (AccessibleRows): a row widget is one of the frames inside the list.
     return nullptr;
 }
 
@@ -76,24 +77,32 @@ QAccessible::State TreeListAccessible::state() const
 
 int TreeListAccessible::childCount() const
 {
-    return KeyboardNavigator::rootRows(frame()).size();
+    return ShownRows::roots(frame()).size();
 }
 
 QAccessibleInterface *TreeListAccessible::child(int index) const
 {
-    QWidget *row = KeyboardNavigator::rootRows(frame()).value(index);
-    return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
+    return AccessibleRows::interfaceFor(ShownRows::roots(frame()).value(index));
 }
 
 int TreeListAccessible::indexOfChild(const QAccessibleInterface *child) const
 {
-    return child ? KeyboardNavigator::rootRows(frame()).indexOf(qobject_cast<QWidget *>(child->object())) : -1;
+    const RowRef row = AccessibleRows::rowOf(child);
+    return row.drawer.isNull() ? -1 : ShownRows::roots(frame()).indexOf(row);
+}
+
+QAccessibleInterface *TreeListAccessible::childAt(int x, int y) const
+{
+    for (const RowRef &row : ShownRows::roots(frame())) {
+        if (ShownRows::screenRect(row).contains(x, y))
+            return AccessibleRows::interfaceFor(row);
+    }
+    return nullptr;
 }
 
 QAccessibleInterface *TreeListAccessible::focusChild() const
 {
     TreeListFrame *f = frame();
     const KeyboardNavigator *keys = KeyboardNavigator::of(f);
-    QWidget *row = f && f->hasFocus() && keys ? keys->focusRow() : nullptr;
-    return row ? QAccessible::queryAccessibleInterface(row) : nullptr;
+    return f && f->hasFocus() && keys ? AccessibleRows::interfaceFor(keys->focusRow()) : nullptr;
 }

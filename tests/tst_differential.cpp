@@ -239,7 +239,7 @@ QList<QList<int>> shownPaths(const Side &side)
         if (!d || d->isHidden())
             continue;
         paths << QList<int>{r};
-        if (KeyboardNavigator::isExpanded(d->rootItem())) {
+        if (d->showsChildren()) {
             for (int c = 0; c < d->secondItems().size(); ++c)
                 paths << QList<int>{r, c};
         }
@@ -292,7 +292,7 @@ Step makeStep(Script &s, const Side &reference, bool windowsShown)
             QList<int> closed;
             for (int i = 0; i < roots; ++i) {
                 DrawerControl *d = frame->drawers().at(i);
-                if (d && !KeyboardNavigator::isExpanded(d->rootItem()))
+                if (d && !d->showsChildren())
                     closed << i;
             }
             if (!closed.isEmpty())

@@ -16,6 +16,7 @@
 #include "RootItem.h"
 #include "RowClick.h"
 #include "SecondItem.h"
+#include "ShownRows.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
 #include "TreeText.h"
@@ -58,7 +59,9 @@ struct Host
     TreeListFrame *frame() const { return qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame()); }
     DrawerControl *drawer(int i) const { return frame()->drawers().value(i); }
     KeyboardNavigator *keys() const { return KeyboardNavigator::of(frame()); }
-    QWidget *focusRow() const { return keys()->focusRow(); }
+    QWidget *focusRow() const { return ShownRows::widget(keys()->focusRow()); }
+    // Moves the keyboard focus to the row @p row shows.
+    void focusOn(QWidget *row) const { keys()->setFocusRow(ShownRows::of(row)); }
 };
 
 std::unique_ptr<Host> makeHost(int roots = 3, int children = 3, QSize size = QSize(360, 600))
@@ -518,7 +521,7 @@ void tst_KeyboardNavigator::spaceAndEnterActAsAClick()
     QVERIFY(QTest::qWaitForWindowActive(byKey->window.get()));
 
     byKey->frame()->setFocus(Qt::TabFocusReason);
-    byKey->keys()->setFocusRow(rowNamed(byKey.get(), row));
+    byKey->focusOn(rowNamed(byKey.get(), row));
     press(key);
     QWidget *clicked = rowNamed(byMouse.get(), row);
     QTest::mouseClick(clicked, Qt::LeftButton, Qt::NoModifier, QPoint(clicked->width() - 40, 3));
@@ -538,7 +541,7 @@ void tst_KeyboardNavigator::rightAndLeftExpandCollapseAndMove()
     host->frame()->setFocus(Qt::TabFocusReason);
     DrawerControl *drawer = host->drawer(1);
     RootItem *root = drawer->rootItem();
-    host->keys()->setFocusRow(root);
+    host->focusOn(root);
     QSignalSpy shown(root, &RootItem::signal_OnIsShowChildItems);
     HostRecorder recorder(host->list);
 
@@ -572,7 +575,7 @@ void tst_KeyboardNavigator::plusAndMinusExpandAndCollapse()
     QVERIFY(host);
     host->frame()->setFocus(Qt::TabFocusReason);
     DrawerControl *drawer = host->drawer(2);
-    host->keys()->setFocusRow(drawer->rootItem());
+    host->focusOn(drawer->rootItem());
     press(Qt::Key_Plus);
     QVERIFY(drawer->isShowChild());
     press(Qt::Key_Plus); // + never moves
@@ -612,7 +615,7 @@ void tst_KeyboardNavigator::buttonKeysPressTheFlaggedButtons()
     if (qobject_cast<RootItem *>(target))
         QTest::mouseClick(target, Qt::LeftButton, Qt::NoModifier, QPoint(target->width() - 80, 3));
     host->frame()->setFocus(Qt::TabFocusReason);
-    host->keys()->setFocusRow(target);
+    host->focusOn(target);
     HostRecorder recorder(host->list);
 
     press(key);
@@ -641,7 +644,7 @@ void tst_KeyboardNavigator::hostMayDeleteTheListFromAKey()
     QPointer<QFrame> frame = host->frame();
     connect(list, &SignalTreeList::signal_OnCurrentItemClicked, list, [&] { delete list.data(); });
     host->frame()->setFocus(Qt::TabFocusReason);
-    host->keys()->setFocusRow(rowNamed(host.get(), QStringLiteral("R0-1")));
+    host->focusOn(rowNamed(host.get(), QStringLiteral("R0-1")));
     press(Qt::Key_Space);
     QVERIFY(list.isNull());
     QTRY_VERIFY(frame.isNull());
@@ -689,7 +692,7 @@ void tst_KeyboardNavigator::hostReactionsKeepTheFocusConsistent()
             react(path);
     });
     host->frame()->setFocus(Qt::TabFocusReason);
-    host->keys()->setFocusRow(rowNamed(host.get(), QStringLiteral("R1-1")));
+    host->focusOn(rowNamed(host.get(), QStringLiteral("R1-1")));
     settle();
 
     if (trigger == QLatin1String("Space"))

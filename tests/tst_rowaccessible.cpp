@@ -4,11 +4,13 @@
 // A row as assistive technology reads it: its full name, "offline" for an
 // offline signal, truthful states, and actions that do what the mouse does.
 
+#include "AccessibleRows.h"
 #include "BuiltRows.h"
 #include "AccessibleHost.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "HostRecorder.h"
+#include "NodeFactory.h"
 #include "RowButtons.h"
 #include "RootItem.h"
 #include "RowClick.h"
@@ -47,6 +49,9 @@ private slots:
     void editAndDeleteActionsClickTheOfferedButton_data();
     void editAndDeleteActionsClickTheOfferedButton();
     void rowWithoutButtonsOffersNoEditOrDelete();
+    void interfaceStaysWithItsRow_data();
+    void interfaceStaysWithItsRow();
+    void rowsThatAreNoWidgetsAnswer();
 
 private:
     static void offerButtons(const AccessibleHost &host);
@@ -76,9 +81,9 @@ void tst_RowAccessible::nameIsTheFullText()
     host->list->modifyItemData(QList<int>{0}, node);
 
     SecondItem *row = builtRows(host->drawer(0)).at(0);
-    QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(row);
+    QAccessibleInterface *iface = AccessibleRows::interfaceFor(ShownRows::of(row));
     QCOMPARE(iface->text(QAccessible::Name), expected);
-    QCOMPARE(QAccessible::queryAccessibleInterface(host->drawer(0)->rootItem())->text(QAccessible::Name), expected);
+    QCOMPARE(AccessibleRows::interfaceFor(RowRef::root(host->drawer(0)))->text(QAccessible::Name), expected);
     if (names.first().size() > 100)
         QVERIFY(row->findChild<QLabel *>(QStringLiteral("m_qlUpper"))->text() != names.first());
 }
@@ -102,7 +107,7 @@ void tst_RowAccessible::selectedStateIsTruthful()
     QVERIFY(!host->row(QStringLiteral("R0-0"))->state().selected);
     QVERIFY(host->row(QStringLiteral("R0-0"))->state().selectable);
 
-    QWidget *row = qobject_cast<QWidget *>(host->row(QStringLiteral("R0-0"))->object());
+    QWidget *row = AccessibleHost::widgetOf(host->row(QStringLiteral("R0-0")));
     QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, QPoint(5, row->height() / 2));
     QVERIFY(host->row(QStringLiteral("R0-0"))->state().selected);
     QVERIFY(!host->row(QStringLiteral("R0-2"))->state().selected);
@@ -169,7 +174,7 @@ void tst_RowAccessible::selectedRootsAreTheSelectedOnes()
     QVERIFY(host);
     for (const QString &step : steps) {
         const QString arg = step.section(QLatin1Char(' '), 1);
-        QWidget *row = host->row(arg) ? qobject_cast<QWidget *>(host->row(arg)->object()) : nullptr;
+        QWidget *row = host->row(arg) ? AccessibleHost::widgetOf(host->row(arg)) : nullptr;
         if (step.startsWith(QLatin1String("select "))) {
             host->list->setCurSelItem(TreeText::pathFromText(arg));
         } else if (step.startsWith(QLatin1String("click "))) {
@@ -233,7 +238,7 @@ void tst_RowAccessible::pressActionDoesWhatAClickDoes()
     QCOMPARE(host->drawer(0)->selIndex(), selection);
     QVERIFY(iface->state().selected);
     const char *look = row.contains(QLatin1Char('-')) ? "isSecondItem" : "isRootItem";
-    QCOMPARE(iface->object()->property(look).toString(), QStringLiteral("press"));
+    QCOMPARE(AccessibleHost::widgetOf(iface)->property(look).toString(), QStringLiteral("press"));
 }
 
 void tst_RowAccessible::expandAndCollapseActionsUseTheExpandBox()
@@ -305,7 +310,7 @@ void tst_RowAccessible::editAndDeleteActionsClickTheOfferedButton()
     QVERIFY(byMouse);
     offerButtons(*byMouse);
     HostRecorder viaMouse(byMouse->list);
-    QWidget *target = qobject_cast<QWidget *>(byMouse->row(row)->object());
+    QWidget *target = AccessibleHost::widgetOf(byMouse->row(row));
     QToolButton *button = nullptr;
     if (auto *root = qobject_cast<RootItem *>(target))
         button = edit ? root->editButton() : root->deleteButton();
@@ -334,6 +339,89 @@ void tst_RowAccessible::rowWithoutButtonsOffersNoEditOrDelete()
         actions->doAction(QStringLiteral("delete"));
     }
     QCOMPARE(recorder.events, QStringList());
+}
+
+void tst_RowAccessible::interfaceStaysWithItsRow_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<bool>("rowGoes");
+    QTest::newRow("a row before it deleted") << "delete 0,0" << false;
+    QTest::newRow("rows added after it") << "add 0" << false;
+    QTest::newRow("its group collapsed") << "collapse 0" << false;
+    QTest::newRow("the row deleted") << "delete 0,1" << true;
+    QTest::newRow("its group deleted") << "delete 0" << true;
+    QTest::newRow("the list cleared") << "clear" << true;
+}
+
+// Assistive technology holds on to a row by its interface and id: the same
+// for as long as the row exists, wherever it moves; once the row is gone,
+// invalid, and let go of once the list catches up.
+void tst_RowAccessible::interfaceStaysWithItsRow()
+{
+    QFETCH(QString, change);
+    QFETCH(bool, rowGoes);
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    QAccessibleInterface *iface = host->row(QStringLiteral("R0-1"));
+    QVERIFY(iface && iface->isValid());
+    const QAccessible::Id id = QAccessible::uniqueId(iface);
+    const QString arg = change.section(QLatin1Char(' '), 1);
+    if (change.startsWith(QLatin1String("delete ")) && arg.contains(QLatin1Char(',')))
+        host->list->deleteChildeItem(TreeText::pathFromText(arg));
+    else if (change.startsWith(QLatin1String("delete ")))
+        host->list->deleteRootItem(arg.toInt());
+    else if (change.startsWith(QLatin1String("add ")))
+        host->list->addChildItem(QList<int>{arg.toInt()}, NodeFactory().children(QStringLiteral("new"), 2, QStringLiteral("S9")));
+    else if (change.startsWith(QLatin1String("collapse ")))
+        host->list->setIsShowChildItem(arg.toInt(), false);
+    else if (change == QLatin1String("clear"))
+        host->list->clearTree();
+    QTest::qWait(20);
+    EventSender::flushDeferredDeletes();
+
+    if (!rowGoes) {
+        QCOMPARE(host->row(QStringLiteral("R0-1")), iface);
+        QCOMPARE(QAccessible::accessibleInterface(id), iface);
+        QCOMPARE(iface->text(QAccessible::Name), QStringLiteral("R0-1"));
+        return;
+    }
+    QVERIFY(!host->row(QStringLiteral("R0-1")));
+    // Until it is let go of it answers as a row that is gone.
+    QAccessibleInterface *gone = QAccessible::accessibleInterface(id);
+    if (gone) {
+        QVERIFY(!gone->isValid());
+        QVERIFY(!gone->parent());
+        QCOMPARE(gone->childCount(), 0);
+    }
+    if (QAccessible::isActive()) {
+        QTest::qWait(20);
+        QVERIFY(!QAccessible::accessibleInterface(id));
+    }
+}
+
+// A group never opened keeps its rows as records, not widgets: asked about
+// them, it answers from those, and asking builds nothing.
+void tst_RowAccessible::rowsThatAreNoWidgetsAnswer()
+{
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    DrawerControl *drawer = host->drawer(1);
+    QVERIFY(drawer->rowsDeferred());
+    QAccessibleInterface *iface = host->row(QStringLiteral("R1-1"));
+    QVERIFY(iface && iface->isValid());
+    QCOMPARE(iface->text(QAccessible::Name), QStringLiteral("R1-1"));
+    QCOMPARE(iface->text(QAccessible::Description), QStringLiteral("offline"));
+    QCOMPARE(iface->role(), QAccessible::TreeItem);
+    QVERIFY(!iface->object());
+    // Not shown: its group is closed, so the tree does not list it, and it
+    // is not the group's child as the tree reads it.
+    QCOMPARE(host->row(QStringLiteral("R1"))->childCount(), 0);
+    QCOMPARE(iface->parent(), host->row(QStringLiteral("R1")));
+    QCOMPARE(iface->parent()->indexOfChild(iface), -1);
+    // R1's last row carries the selected look the group gave it.
+    QVERIFY(host->row(QStringLiteral("R1-2"))->state().selected);
+    QVERIFY(!iface->state().selected);
+    QVERIFY(drawer->rowsDeferred());
 }
 
 QTEST_MAIN(tst_RowAccessible)

@@ -194,7 +194,7 @@ void tst_TreeListAccessible::accessibilityEvents()
     // row joins it, the group's row selected before (the last one added)
     // leaves it.
     events.events.clear();
-    QWidget *row = qobject_cast<QWidget *>(host->row(QStringLiteral("R0-0"))->object());
+    QWidget *row = AccessibleHost::widgetOf(host->row(QStringLiteral("R0-0")));
     QTest::mouseClick(row, Qt::LeftButton, Qt::NoModifier, QPoint(5, row->height() / 2));
     QTRY_COMPARE(merged(events.events), QStringList{"Focus R0-0"} + selected("R0-0") + deselected("R0-2"));
 
@@ -238,7 +238,7 @@ void tst_TreeListAccessible::selectionEventsFollowState()
 
     auto host = AccessibleHost::make();
     QVERIFY(host);
-    st_NodeInfoSignal child = qobject_cast<SecondItem *>(host->row(QStringLiteral("R0-1"))->object())->getNodeInfo();
+    st_NodeInfoSignal child = qobject_cast<SecondItem *>(AccessibleHost::widgetOf(host->row(QStringLiteral("R0-1"))))->getNodeInfo();
     child.showOpBtn = {true, true, true};
     host->list->modifyItemData(QList<int>{0, 1}, child);
     QTest::qWait(100);
@@ -250,7 +250,7 @@ void tst_TreeListAccessible::selectionEventsFollowState()
 
     AccessibleEvents events;
     const QString arg = action.section(QLatin1Char(' '), 1);
-    QWidget *row = host->row(arg) ? qobject_cast<QWidget *>(host->row(arg)->object()) : nullptr;
+    QWidget *row = host->row(arg) ? AccessibleHost::widgetOf(host->row(arg)) : nullptr;
     if (action == QLatin1String("F2") || action == QLatin1String("Delete")) {
         QTest::keyClick(host->frame(), Qt::Key_Up); // R0-1
         events.events.clear();

@@ -3,7 +3,7 @@
 
 #include "AccessibleHost.h"
 
-#include "BuiltRows.h"
+#include "AccessibleRows.h"
 #include "DrawerControl.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -30,14 +30,19 @@ QAccessibleInterface *AccessibleHost::tree() const
 QAccessibleInterface *AccessibleHost::row(const QString &name) const
 {
     for (DrawerControl *d : frame()->drawers()) {
-        if (d->rootItem()->getNodeInfo().strNodeName.value(0) == name)
-            return QAccessible::queryAccessibleInterface(d->rootItem());
-        for (SecondItem *r : builtRows(d)) {
-            if (r->getNodeInfo().strNodeName.value(0) == name)
-                return QAccessible::queryAccessibleInterface(r);
+        if (d->getRootNodeInfo().strNodeName.value(0) == name)
+            return AccessibleRows::interfaceFor(RowRef::root(d));
+        for (int c = 0; c < d->rowCount(); ++c) {
+            if (d->rowRecord(c).strNodeName.value(0) == name)
+                return AccessibleRows::interfaceFor(RowRef::child(d, c));
         }
     }
     return nullptr;
+}
+
+QWidget *AccessibleHost::widgetOf(QAccessibleInterface *iface)
+{
+    return ShownRows::realise(AccessibleRows::rowOf(iface));
 }
 
 std::unique_ptr<AccessibleHost> AccessibleHost::make()
@@ -84,13 +89,10 @@ void AccessibleEvents::handle(QAccessibleEvent *event)
 {
     if (!s_current)
         return;
-    QString name;
-    if (auto *root = qobject_cast<RootItem *>(event->object()))
-        name = root->getNodeInfo().strNodeName.value(0);
-    else if (auto *row = qobject_cast<SecondItem *>(event->object()))
-        name = row->getNodeInfo().strNodeName.value(0);
-    else
+    const RowRef row = AccessibleRows::rowOf(event->accessibleInterface());
+    if (!row.exists())
         return; // only the rows' events are of interest here
+    const QString name = ShownRows::record(row).strNodeName.value(0);
     const char *type = event->type() == QAccessible::Focus ? "Focus"
         : event->type() == QAccessible::Selection          ? "Selection"
         : event->type() == QAccessible::SelectionAdd       ? "SelectionAdd"

@@ -30,6 +30,8 @@ struct AccessibleHost
     QAccessibleInterface *tree() const;
     // The accessible of the row named @p name ("R1", "R0-2").
     QAccessibleInterface *row(const QString &name) const;
+    // The widget that shows the row of @p iface (null if none does).
+    static QWidget *widgetOf(QAccessibleInterface *iface);
 
     static std::unique_ptr<AccessibleHost> make();
 };

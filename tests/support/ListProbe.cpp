@@ -146,14 +146,14 @@ QStringList ListProbe::dump(SignalTreeList *list)
                          .arg(d->isShowChild())
                          .arg(d->acceptDrops());
         dumpRow(out, key, d->rootItem(), frame);
-        if (keys && keys->focusRow() == d->rootItem())
+        if (keys && keys->focusRow() == RowRef::root(d))
             focus = key;
-        if (!KeyboardNavigator::isExpanded(d->rootItem()))
+        if (!d->showsChildren())
             continue;
         const QList<SecondItem *> rows = d->secondItems();
         for (int c = 0; c < rows.size(); ++c) {
             dumpRow(out, QStringLiteral("%1,%2").arg(r).arg(c), rows.at(c), frame);
-            if (keys && keys->focusRow() == rows.at(c))
+            if (keys && keys->focusRow() == RowRef::child(d, c))
                 focus = QStringLiteral("%1,%2").arg(r).arg(c);
         }
     }
