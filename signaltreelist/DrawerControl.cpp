@@ -78,7 +78,8 @@ DrawerControl::DrawerControl(QWidget *parent)
 
 DrawerControl::~DrawerControl()
 {
-    qDebug() << "[Tarn]::DrawerControl::~DrawerControl()";
+    if (!m_bPrototype)
+        qDebug() << "[Tarn]::DrawerControl::~DrawerControl()";
     // The toolkit owns the drag object once it has run; never delete it here.
     // If it is still our child it dies with us: its destroyed() must not
     // call back into a drawer that is already gone.
@@ -171,6 +172,8 @@ void DrawerControl::createBatch(const QList<st_NodeInfoSignal> &nodes, int n, in
     // see and rely on. Re-added rows leave their old place on their own.
     // Taking the last item and invalidating is what removeItem() does for
     // it, without removeItem()'s walk over every item of the layout.
+    const int laidOut = m_pChildLayout->count();
+    m_iSpacings = qMin(m_iSpacings, laidOut / 2) + 1;
     QSet<QWidget *> taken;
     for (int i = 0; i < m_pChildLayout->count(); ++i) {
         QLayoutItem *pLast = m_pChildLayout->takeAt(m_pChildLayout->count() - 1);
@@ -228,6 +231,7 @@ void DrawerControl::buildRows()
     // From here on the rows are widgets: the helpers below act on them.
     const std::unique_ptr<PendingRows> pending = std::move(m_pPending);
     // The layout the calls would have left: their spacings, then every row.
+    m_iSpacings = pending->spacings();
     for (int i = 0; i < pending->spacings(); ++i)
         m_pChildLayout->addSpacing(8);
     for (const PendingRows::Row &row : pending->rows()) {
@@ -546,6 +550,16 @@ bool DrawerControl::rowOffersButton(int index, bool edit) const
 SecondItem *DrawerControl::builtRow(int index) const
 {
     return m_pPending ? nullptr : m_lstSecondItem.value(index);
+}
+
+int DrawerControl::childSpacings() const
+{
+    return m_pPending ? m_pPending->spacings() : m_iSpacings;
+}
+
+void DrawerControl::setPrototype()
+{
+    m_bPrototype = true;
 }
 
 bool DrawerControl::showsChildren() const

@@ -129,6 +129,12 @@ public:
     SecondItem *builtRow(int index) const;
     /// Whether the children show: expanded, and the container not hidden.
     bool showsChildren() const;
+    /// Spacings at the top of the child layout, before the rows.
+    int childSpacings() const;
+
+    /// Makes this a prototype that row metrics are measured on: it is no
+    /// drawer of the list, and goes without a word.
+    void setPrototype();
 
     // Read access for the container's diagnostics and for tests.
     RootItem *rootItem() const;
@@ -214,6 +220,9 @@ private:
     /// Keys of the child rows, in row order; m_quRootKey the root row's.
     QVector<quint64> m_lstRowKeys;
     quint64 m_quRootKey;
+    /// Spacings at the top of the child layout of built rows.
+    int m_iSpacings = 0;
+    bool m_bPrototype = false;
     static bool s_bDeferRows;
 };
 

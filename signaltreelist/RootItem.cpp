@@ -49,8 +49,8 @@ RootItem::RootItem(QWidget *parent)
     setProperty("isWin", true);
     m_guardSelf.repolish(this);
 
-    setFixedHeight(45);
-    m_guardSelf.keepFixedHeight(45);
+    setFixedHeight(kRowHeight);
+    m_guardSelf.keepFixedHeight(kRowHeight);
     setAcceptDrops(true);
 }
 

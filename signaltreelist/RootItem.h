@@ -30,6 +30,9 @@ class RootItem : public CLanguageTranslateFrame
 {
     Q_OBJECT
 public:
+    /// The row's fixed height.
+    static constexpr int kRowHeight = 45;
+
     explicit RootItem(QWidget *parent = nullptr);
     ~RootItem() override;
 

@@ -165,8 +165,8 @@ SecondItem::SecondItem(QWidget *parent)
     setObjectName(QStringLiteral("SignalSecondItem"));
     setProperty("isTarn", true);
     setProperty("isSecondItem", QStringLiteral("normal"));
-    setFixedHeight(40);
-    m_guardSelf.keepFixedHeight(40);
+    setFixedHeight(kRowHeight);
+    m_guardSelf.keepFixedHeight(kRowHeight);
 }
 
 SecondItem::~SecondItem() = default;

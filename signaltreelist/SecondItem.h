@@ -29,6 +29,9 @@ class SecondItem : public CLanguageTranslateFrame
 {
     Q_OBJECT
 public:
+    /// The row's fixed height.
+    static constexpr int kRowHeight = 40;
+
     explicit SecondItem(QWidget *parent = nullptr);
     ~SecondItem() override;
 

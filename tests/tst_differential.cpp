@@ -27,6 +27,7 @@
 #include "EventSender.h"
 #include "HostRecorder.h"
 #include "KeyboardNavigator.h"
+#include "LayoutCheck.h"
 #include "ListProbe.h"
 #include "MessageCapture.h"
 #include "RootItem.h"
@@ -101,6 +102,7 @@ struct Side
     std::unique_ptr<QWidget> window;
     QPointer<SignalTreeList> list;
     std::unique_ptr<HostRecorder> recorder;
+    std::unique_ptr<LayoutCheck> layout;
 
     TreeListFrame *frame() const { return list ? qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame()) : nullptr; }
     DrawerControl *drawer(int r) const { return frame() ? frame()->drawers().value(r) : nullptr; }
@@ -120,6 +122,9 @@ struct Seen
     QStringList lines;
     QStringList dump;
     QImage picture;
+    // Where the layout model, given the rows' looks, puts rows that are not
+    // where their widgets are.
+    QStringList misplaced;
 };
 
 // How a script leans. Mixed: everything a host and a user do. Closed: most
@@ -490,6 +495,7 @@ Side makeSide(bool atOnce, bool show)
     side.list = new SignalTreeList(panel);
     side.list->initControls();
     side.recorder.reset(new HostRecorder(side.list));
+    side.layout.reset(new LayoutCheck(side.list));
     connectHost(side);
     // Apart, so that a drag over one side's window cannot reach the other.
     side.window->move(atOnce ? 0 : 400, 0);
@@ -535,6 +541,8 @@ Seen runOn(Side &side, const Step &step)
                         seen.dump.end());
     }
     seen.picture = ListProbe::picture(side.list);
+    if (shown && side.list)
+        seen.misplaced = side.layout->differences();
     return seen;
 }
 
@@ -637,6 +645,9 @@ void tst_Differential::sameAsBuiltAtOnce()
             difference = QStringLiteral("state differs, ") + firstDifference(a.dump, b.dump);
         else if (a.picture != b.picture)
             difference = QStringLiteral("the pictures differ");
+        else if (!a.misplaced.isEmpty() || !b.misplaced.isEmpty())
+            difference = QStringLiteral("the layout model misplaces rows (reference: %1; shipped: %2)")
+                             .arg(a.misplaced.mid(0, 3).join(QStringLiteral("; ")), b.misplaced.mid(0, 3).join(QStringLiteral("; ")));
         if (!difference.isEmpty()) {
             // The reproduction first: the failure message has a length limit.
             qInfo().noquote() << QStringLiteral("look %1, seed %2, %3, the script up to the first difference:\n  %4")

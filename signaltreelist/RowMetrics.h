@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#ifndef SIGNALTREELIST_ROWMETRICS_H
+#define SIGNALTREELIST_ROWMETRICS_H
+
+// Internal: not installed, not part of the library's interface.
+
+#include "LayoutSlots.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QRect>
+#include <QString>
+
+class DrawerControl;
+class QWidget;
+class SecondItem;
+
+/**
+ * What a layout asks of rows, drawers and row containers in each look,
+ * measured on prototypes: a drawer with a root row and one child row, kept
+ * hidden inside the list's container, so that the style sheet reaches them
+ * through the same ancestors as the list's own rows. Answers are kept per
+ * look until forget().
+ */
+class RowMetrics
+{
+public:
+    /// A child row's look: its state properties and its name lines (shown,
+    /// and the width they were fitted to; -1 when never fitted).
+    struct ChildLook
+    {
+        QString state = QStringLiteral("normal");
+        bool keyFocus = false;
+        bool upperShown = false;
+        bool lowerShown = false;
+        int lineWidth = -1;
+    };
+    /// A root row's look: its state properties and the hover buttons shown.
+    struct RootLook
+    {
+        QString state = QStringLiteral("normal");
+        bool keyFocus = false;
+        bool upperOnline = false;
+        bool editShown = false;
+        bool deleteShown = false;
+    };
+
+    /// Prototypes under @p container, made on first use.
+    explicit RowMetrics(QWidget *container);
+    ~RowMetrics();
+
+    SlotMetrics child(const ChildLook &look);
+    SlotMetrics root(const RootLook &look);
+    BoxSlot::Frame drawerFrame();
+    BoxSlot::Frame rowContainerFrame();
+    /// Where widgets that were never laid out sit.
+    QRect initialDrawer();
+    QRect initialRowContainer();
+    QRect initialRoot();
+    QRect initialChild();
+    /// Measures afresh from now on (the style, a style sheet or the fonts
+    /// changed).
+    void forget();
+
+private:
+    void ensurePrototypes();
+
+    QPointer<QWidget> m_pContainer;
+    QPointer<DrawerControl> m_pDrawer;
+    SecondItem *m_pChild = nullptr;
+    QRect m_initial[4];
+    QHash<QString, SlotMetrics> m_children;
+    QHash<QString, SlotMetrics> m_roots;
+};
+
+#endif // SIGNALTREELIST_ROWMETRICS_H

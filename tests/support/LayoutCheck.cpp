@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "LayoutCheck.h"
+
+#include "DrawerControl.h"
+#include "RootItem.h"
+#include "SecondItem.h"
+#include "SignalTreeList.h"
+#include "TreeListFrame.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QLayout>
+#include <QScrollArea>
+#include <QToolButton>
+
+namespace {
+
+QString rectText(const QRect &r)
+{
+    return QStringLiteral("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+}
+
+QWidget *containerOf(SignalTreeList *list)
+{
+    QWidget *frame = list ? list->getSignalTreeListFrame() : nullptr;
+    auto *area = frame ? frame->findChild<QScrollArea *>() : nullptr;
+    return area ? area->widget() : nullptr;
+}
+
+// A label's width as the row's last text fit left it (-1: never fitted).
+int lineWidth(const QLabel *label)
+{
+    return label && label->minimumWidth() == label->maximumWidth() ? label->minimumWidth() : -1;
+}
+
+RowMetrics::ChildLook childLook(const SecondItem *row)
+{
+    RowMetrics::ChildLook look;
+    look.state = row->property("isSecondItem").toString();
+    look.keyFocus = row->property("isKeyFocus").toBool();
+    const auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+    const auto *lower = row->findChild<QLabel *>(QStringLiteral("m_qlDown"));
+    look.upperShown = upper && !upper->isHidden();
+    look.lowerShown = lower && !lower->isHidden();
+    look.lineWidth = lineWidth(upper);
+    return look;
+}
+
+RowMetrics::RootLook rootLook(const RootItem *row)
+{
+    RowMetrics::RootLook look;
+    look.state = row->property("isRootItem").toString();
+    look.keyFocus = row->property("isKeyFocus").toBool();
+    const auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+    look.upperOnline = upper && upper->property("isUpOnline").toBool();
+    look.editShown = row->editButton() && !row->editButton()->isHidden();
+    look.deleteShown = row->deleteButton() && !row->deleteButton()->isHidden();
+    return look;
+}
+
+} // namespace
+
+LayoutCheck::LayoutCheck(SignalTreeList *list)
+    : m_list(list)
+    , m_metrics(new RowMetrics(containerOf(list)))
+{
+}
+
+LayoutCheck::~LayoutCheck() = default;
+
+QStringList LayoutCheck::differences()
+{
+    QStringList out;
+    QWidget *container = containerOf(m_list);
+    if (!container || !container->layout())
+        return out;
+    RowMetrics &metrics = *m_metrics;
+
+    // The frame's column as its layout holds it: released drawers that are
+    // still there included.
+    QVector<TreeLayout::Drawer> column;
+    for (int i = 0; i < container->layout()->count(); ++i) {
+        auto *d = qobject_cast<DrawerControl *>(container->layout()->itemAt(i)->widget());
+        if (!d || !d->rootItem())
+            continue;
+        TreeLayout::Drawer drawer;
+        drawer.key = d->rootKey();
+        drawer.empty = d->isHidden();
+        drawer.frame = metrics.drawerFrame();
+        drawer.initial = metrics.initialDrawer();
+        drawer.root.key = d->rootKey();
+        drawer.root.metrics = metrics.root(rootLook(d->rootItem()));
+        drawer.root.empty = d->rootItem()->isHidden();
+        drawer.root.initial = metrics.initialRoot();
+        drawer.containerEmpty = d->childContainer()->isHidden();
+        drawer.containerFrame = metrics.rowContainerFrame();
+        drawer.containerInitial = metrics.initialRowContainer();
+        drawer.spacings = d->childSpacings();
+        const QList<SecondItem *> rows = d->secondItems();
+        for (int c = 0; c < d->rowCount(); ++c) {
+            TreeLayout::Row row;
+            row.key = d->rowKey(c);
+            row.initial = metrics.initialChild();
+            if (const SecondItem *item = rows.value(c)) {
+                row.metrics = metrics.child(childLook(item));
+                row.empty = item->isHidden();
+            }
+            drawer.rows << row;
+        }
+        column << drawer;
+    }
+    m_layout.sync(column);
+    BoxSlot::Frame containerFrame;
+    containerFrame.margins = container->contentsMargins();
+    containerFrame.minimum = container->minimumSize();
+    containerFrame.maximum = container->maximumSize();
+    containerFrame.policy = container->sizePolicy();
+    m_layout.setContainerFrame(containerFrame);
+    m_layout.layout(container->size());
+
+    const QSize minimum = m_layout.minimumSize();
+    const QSize hint = m_layout.sizeHint();
+    if (minimum != container->minimumSizeHint() || hint != container->sizeHint()) {
+        out << QStringLiteral("container: model minimum %1x%2 hint %3x%4, widgets %5x%6 and %7x%8")
+                   .arg(minimum.width())
+                   .arg(minimum.height())
+                   .arg(hint.width())
+                   .arg(hint.height())
+                   .arg(container->minimumSizeHint().width())
+                   .arg(container->minimumSizeHint().height())
+                   .arg(container->sizeHint().width())
+                   .arg(container->sizeHint().height());
+    }
+    m_compared = 0;
+    const auto compare = [this, &out](const QString &what, const QRect &model, const QWidget *widget) {
+        ++m_compared;
+        if (model != widget->geometry())
+            out << QStringLiteral("%1: model %2, widget %3").arg(what, rectText(model), rectText(widget->geometry()));
+    };
+    auto *frame = qobject_cast<TreeListFrame *>(m_list->getSignalTreeListFrame());
+    const QList<DrawerControl *> drawers = frame->drawers();
+    for (int r = 0; r < drawers.size(); ++r) {
+        DrawerControl *d = drawers.at(r);
+        if (!d || d->isHidden() || !d->rootItem())
+            continue;
+        const QString name = QString::number(r);
+        compare(QStringLiteral("drawer %1").arg(name), m_layout.drawerRect(d->rootKey()), d);
+        compare(QStringLiteral("root %1").arg(name), m_layout.rootRect(d->rootKey()), d->rootItem());
+        if (d->childContainer()->isHidden())
+            continue;
+        compare(QStringLiteral("rows of %1").arg(name), m_layout.rowContainerRect(d->rootKey()), d->childContainer());
+        const QList<SecondItem *> rows = d->secondItems();
+        for (int c = 0; c < rows.size(); ++c) {
+            if (!rows.at(c)->isHidden())
+                compare(QStringLiteral("row %1,%2").arg(name).arg(c), m_layout.rowRect(d->rootKey(), d->rowKey(c)), rows.at(c));
+        }
+    }
+    return out;
+}
