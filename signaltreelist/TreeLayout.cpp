@@ -98,11 +98,11 @@ TreeLayout::TreeLayout()
 
 TreeLayout::~TreeLayout()
 {
-    empty(&m_column);
+    clearColumn();
     qDeleteAll(m_ghosts);
 }
 
-void TreeLayout::sync(const QVector<Drawer> &drawers)
+void TreeLayout::clearColumn()
 {
     // The stretch is the column's own; the ghosts keep their slots.
     while (m_column.count() > 0) {
@@ -110,6 +110,11 @@ void TreeLayout::sync(const QVector<Drawer> &drawers)
         if (item->spacerItem())
             delete item;
     }
+}
+
+void TreeLayout::sync(const QVector<Drawer> &drawers)
+{
+    clearColumn();
     QHash<quint64, Ghost *> kept;
     for (const Drawer &drawer : drawers) {
         Ghost *ghost = m_ghosts.take(drawer.key);

@@ -82,6 +82,9 @@ public:
 private:
     struct Ghost;
 
+    /// Takes the drawers' slots out of the column, deleting its stretch.
+    void clearColumn();
+
     QVBoxLayout m_column;
     BoxSlot::Frame m_containerFrame;
     QHash<quint64, Ghost *> m_ghosts;
