@@ -4,6 +4,7 @@
 #include "KeyboardNavigator.h"
 
 #include "AccessibleRows.h"
+#include "RowAccessible.h"
 #include "DrawerControl.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -44,6 +45,7 @@ KeyboardNavigator::KeyboardNavigator(TreeListFrame *frame, QScrollArea *scrollAr
     m_pScrollArea->viewport()->setFocusPolicy(Qt::NoFocus);
     TabChain::placeWith(m_pFrame->parentWidget(), {m_pFrame});
     m_pFrame->installEventFilter(this);
+    m_pFrame->setObserver(this, this);
     // Presses on rows, which are created and deleted all the time, are seen
     // at the application; only the type is compared for other events.
     qApp->installEventFilter(this);
@@ -142,7 +144,12 @@ RowRef KeyboardNavigator::lastSelectedRow() const
     return m_lastSelected.row.exists() ? m_lastSelected.row : RowRef();
 }
 
-void KeyboardNavigator::noteHostSelection(DrawerControl *drawer, int child)
+void KeyboardNavigator::rowsChanged()
+{
+    scheduleSync();
+}
+
+void KeyboardNavigator::hostSelected(DrawerControl *drawer, int child)
 {
     if (!drawer || !drawer->rootItem() || (child >= 0 && child >= drawer->rowCount()))
         return; // names no row
@@ -359,6 +366,10 @@ bool KeyboardNavigator::eventFilter(QObject *watched, QEvent *event)
         return false;
     case QEvent::KeyPress:
         return watched == m_pFrame && handleKey(static_cast<QKeyEvent *>(event));
+    case QEvent::LanguageChange:
+        if (watched == m_pFrame)
+            RowAccessible::announceDescriptions(ShownRows::rows(m_pFrame));
+        return false;
     case QEvent::FocusIn:
         if (watched == m_pFrame)
             onFocusIn(static_cast<QFocusEvent *>(event)->reason());

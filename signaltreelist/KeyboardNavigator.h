@@ -12,6 +12,7 @@
 
 #include "SelectionAnnouncer.h"
 #include "ShownRows.h"
+#include "TreeListObserver.h"
 
 class DrawerControl;
 class QKeyEvent;
@@ -39,7 +40,7 @@ class TreeListFrame;
  * shown; else on the row selected most recently (its group's row while the
  * group is closed); else on the first row.
  */
-class KeyboardNavigator : public QObject
+class KeyboardNavigator : public QObject, public TreeListObserver
 {
     Q_OBJECT
 public:
@@ -59,9 +60,9 @@ public:
     /// setCurSelItem, if it still exists; a null row otherwise.
     RowRef lastSelectedRow() const;
 
-    /// The host selected @p child of @p drawer (-1: its root row) with
-    /// setCurSelItem.
-    void noteHostSelection(DrawerControl *drawer, int child);
+    // The frame's news.
+    void rowsChanged() override;
+    void hostSelected(DrawerControl *drawer, int child) override;
     /// A click, key or accessibility action is about to act on @p row: if it
     /// is selected once that is handled, it is the row selected most recently.
     void noteActedOn(const RowRef &row);

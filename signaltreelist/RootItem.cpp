@@ -4,7 +4,7 @@
 #include "RootItem.h"
 
 #include "LayoutInstall.h"
-#include "RowAccessible.h"
+#include "RowTexts.h"
 #include "StyleConstants.h"
 
 #include <QCheckBox>
@@ -269,7 +269,7 @@ void RootItem::setSelected(bool bIsSelected)
 void RootItem::reTranslateUI()
 {
     // Only what assistive technology reads: the row shows no text of its own.
-    RowAccessible::retranslate(this, m_pEditBtn, m_pDeleteBtn, m_pExpandBox, nullptr, nullptr);
+    RowTexts::nameButtons(m_pEditBtn, m_pDeleteBtn, m_pExpandBox, nullptr, nullptr);
 }
 
 void RootItem::slot_OnCheckBoxClicked(bool bIsShow)

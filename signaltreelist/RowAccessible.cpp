@@ -6,6 +6,7 @@
 #include "AccessibleRows.h"
 #include "DrawerControl.h"
 #include "KeyboardNavigator.h"
+#include "RowTexts.h"
 #include "TreeListFrame.h"
 
 #include <QCoreApplication>
@@ -37,39 +38,17 @@ QString RowAccessible::deleteAction()
     return QStringLiteral("delete");
 }
 
-QString RowAccessible::editButtonName()
+void RowAccessible::announceDescriptions(const QList<RowRef> &rows)
 {
-    return QCoreApplication::translate("SignalTreeList", "Edit", "button of a row: edit the signal or group");
-}
-
-QString RowAccessible::deleteButtonName()
-{
-    return QCoreApplication::translate("SignalTreeList", "Delete", "button of a row: delete the signal or group");
-}
-
-void RowAccessible::retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture,
-                                QWidget *fourth)
-{
-    const auto name = [](QWidget *button, const QString &text) {
-        if (button)
-            button->setAccessibleName(text);
-    };
-    name(edit, editButtonName());
-    name(del, deleteButtonName());
-    name(expandBox, QCoreApplication::translate("SignalTreeList", "Show signals",
-                                                "check box of a group row: show or hide its signals"));
-    name(capture, QCoreApplication::translate("SignalTreeList", "Capture",
-                                              "button of a signal row: capture a picture of the signal"));
-    // The library gives the fourth button no action of its own; hosts give
-    // it a picture and a meaning through their style.
-    name(fourth, QCoreApplication::translate("SignalTreeList", "More",
-                                             "fourth button of a signal row, whose meaning the application gives"));
     // The description ("offline") is read in the new language from now on,
     // by whoever already knows the row.
-    QAccessibleInterface *iface = row && QAccessible::isActive() ? AccessibleRows::existing(ShownRows::of(row)) : nullptr;
-    if (iface) {
-        QAccessibleEvent event(iface, QAccessible::DescriptionChanged);
-        QAccessible::updateAccessibility(&event);
+    if (!QAccessible::isActive())
+        return;
+    for (const RowRef &row : rows) {
+        if (QAccessibleInterface *iface = AccessibleRows::existing(row)) {
+            QAccessibleEvent event(iface, QAccessible::DescriptionChanged);
+            QAccessible::updateAccessibility(&event);
+        }
     }
 }
 
@@ -215,9 +194,9 @@ QString RowAccessible::localizedActionName(const QString &name) const
     if (name == collapseAction())
         return QCoreApplication::translate("SignalTreeList", "Collapse", "accessible action: hide a group's signals");
     if (name == editAction())
-        return editButtonName();
+        return RowTexts::editButton();
     if (name == deleteAction())
-        return deleteButtonName();
+        return RowTexts::deleteButton();
     return QString();
 }
 

@@ -36,11 +36,9 @@ public:
     static QString editAction();
     static QString deleteAction();
 
-    /// Gives @​p row's buttons (null ones are skipped) their accessible names
-    /// in the current language and tells assistive technology that the
-    /// row's description changed; the rows call it from reTranslateUI.
-    static void retranslate(QWidget *row, QWidget *edit, QWidget *del, QWidget *expandBox, QWidget *capture,
-                            QWidget *fourth);
+    /// Tells assistive technology that the descriptions of the rows it
+    /// knows among @p rows changed (the language did).
+    static void announceDescriptions(const QList<RowRef> &rows);
 
     bool isValid() const override;
     QObject *object() const override;
@@ -64,8 +62,6 @@ public:
     QStringList keyBindingsForAction(const QString &name) const override;
 
 private:
-    static QString editButtonName();
-    static QString deleteButtonName();
     QList<RowRef> shownChildren() const;
 
     RowRef m_row;

@@ -5,7 +5,7 @@
 
 #include "HandlerGuard.h"
 #include "LayoutInstall.h"
-#include "RowAccessible.h"
+#include "RowTexts.h"
 #include "StyleConstants.h"
 
 #include <QDebug>
@@ -376,7 +376,7 @@ void SecondItem::setTipShow(bool bIsShow)
 void SecondItem::reTranslateUI()
 {
     // Only what assistive technology reads: the row shows no text of its own.
-    RowAccessible::retranslate(this, m_pEditBtn, m_pDeleteBtn, nullptr, m_pCaptureBtn, m_pFourthBtn);
+    RowTexts::nameButtons(m_pEditBtn, m_pDeleteBtn, nullptr, m_pCaptureBtn, m_pFourthBtn);
 }
 
 // The host may remove this row from its slot for the first signal; the

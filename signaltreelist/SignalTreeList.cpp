@@ -4,11 +4,13 @@
 #include "SignalTreeList.h"
 
 #include "HandlerGuard.h"
+#include "KeyboardNavigator.h"
 #include "QtCompat.h"
 #include "SignalTreeList_p.h"
 #include "StyleConstants.h"
 #include "TabChain.h"
 #include "Translations.h"
+#include "TreeListAccessible.h"
 #include "TreeListFrame.h"
 
 #include <QHBoxLayout>
@@ -19,6 +21,7 @@ SignalTreeList::SignalTreeList(QWidget *parent)
 {
     m_pData->pTreeListFrame = nullptr;
     m_pData->pParentWidget = parent;
+    TreeListAccessible::installFactory();
 }
 
 SignalTreeList::~SignalTreeList()
@@ -53,6 +56,8 @@ void SignalTreeList::initControls()
     TreeListFrame *pFrame = new TreeListFrame(m_pData->pParentWidget);
     m_pData->pTreeListFrame = pFrame;
     pFrame->initControls();
+    // Keys and focus: the frame is the list's one tab stop.
+    new KeyboardNavigator(pFrame, pFrame->scrollArea());
     pLayout->addWidget(pFrame);
     // The list and its frame are reached by Tab where the parent stands,
     // whenever the host created its other widgets. The list comes first so

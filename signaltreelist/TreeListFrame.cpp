@@ -5,10 +5,9 @@
 
 #include "DrawerControl.h"
 #include "HandlerGuard.h"
-#include "KeyboardNavigator.h"
 #include "QtCompat.h"
 #include "StyleConstants.h"
-#include "TreeListAccessible.h"
+#include "TreeListObserver.h"
 
 #include <ScrollBarEx.h>
 
@@ -38,7 +37,6 @@ TreeListFrame::TreeListFrame(QWidget *parent)
     , m_bIsDrag(false)
 {
     setObjectName(QStringLiteral("TreeListFrame"));
-    TreeListAccessible::installFactory();
 }
 
 TreeListFrame::~TreeListFrame()
@@ -71,9 +69,6 @@ void TreeListFrame::initControls()
     m_pScrollArea->setWidgetResizable(true);
     m_pScrollArea->setWidget(m_pDrawerContainer);
     m_pMainLayout->addWidget(m_pScrollArea);
-
-    // Keys and focus: the frame is the list's one tab stop.
-    new KeyboardNavigator(this, m_pScrollArea);
 }
 
 void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
@@ -108,7 +103,7 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
 
     if (s_bRebuildEveryTime || !insertIntoOrderedLayout(pDrawer))
         rebuildContainerLayout();
-    KeyboardNavigator::rowsChanged(this);
+    noteRowsChanged();
 }
 
 bool TreeListFrame::insertIntoOrderedLayout(DrawerControl *pDrawer)
@@ -209,7 +204,7 @@ void TreeListFrame::addChildItem(int root, QList<st_NodeInfoSignal> childNodes)
 {
     if (DrawerControl *pDrawer = drawerAt(root))
         pDrawer->addSecondItems(childNodes);
-    KeyboardNavigator::rowsChanged(this);
+    noteRowsChanged();
 }
 
 void TreeListFrame::releaseDrawer(DrawerControl *pDrawer)
@@ -228,7 +223,7 @@ void TreeListFrame::clearTree()
         }
     }
     m_lstDrawers = QList<DrawerControl *>();
-    KeyboardNavigator::rowsChanged(this);
+    noteRowsChanged();
 }
 
 void TreeListFrame::deleteRootItem(int root)
@@ -240,14 +235,14 @@ void TreeListFrame::deleteRootItem(int root)
     releaseDrawer(pDrawer);
     m_lstDrawers[root] = nullptr;
     m_lstDrawers.removeAt(root);
-    KeyboardNavigator::rowsChanged(this);
+    noteRowsChanged();
 }
 
 void TreeListFrame::deleteChildeItem(int root, int child)
 {
     if (DrawerControl *pDrawer = drawerAt(root))
         pDrawer->deleteSecondItem(child);
-    KeyboardNavigator::rowsChanged(this);
+    noteRowsChanged();
 }
 
 void TreeListFrame::modifyItemData(QList<int> path, st_NodeInfoSignal node)
@@ -312,10 +307,9 @@ void TreeListFrame::setCurSelItem(QList<int> path)
             pDrawer->setCurSelSecondItem(child);
         }
     }
-    KeyboardNavigator *keys = KeyboardNavigator::of(this);
-    if (keys && selected && m_lstDrawers.contains(selected.data()))
-        keys->noteHostSelection(selected, child);
-    KeyboardNavigator::rowsChanged(this);
+    if (m_pObserverLifetime && selected && m_lstDrawers.contains(selected.data()))
+        m_pObserver->hostSelected(selected, child);
+    noteRowsChanged();
 }
 
 void TreeListFrame::setIsDrag(bool bIsDrag)
@@ -331,7 +325,7 @@ void TreeListFrame::setIsShowChildItem(int root, bool bIsShow)
 {
     if (DrawerControl *pDrawer = drawerAt(root))
         pDrawer->setIsShowChildItem(bIsShow);
-    KeyboardNavigator::rowsChanged(this);
+    noteRowsChanged();
 }
 
 void TreeListFrame::setSignalRootName(QString name)
@@ -346,6 +340,23 @@ void TreeListFrame::reTranslateUI()
         if (pDrawer)
             pDrawer->reTranslateUI();
     }
+}
+
+void TreeListFrame::setObserver(TreeListObserver *observer, QObject *lifetime)
+{
+    m_pObserver = observer;
+    m_pObserverLifetime = lifetime;
+}
+
+QScrollArea *TreeListFrame::scrollArea() const
+{
+    return m_pScrollArea;
+}
+
+void TreeListFrame::noteRowsChanged()
+{
+    if (m_pObserverLifetime)
+        m_pObserver->rowsChanged();
 }
 
 QList<DrawerControl *> TreeListFrame::drawers() const

@@ -9,11 +9,13 @@
 #include <CLanguageTranslateFrame.h>
 
 #include <QList>
+#include <QPointer>
 #include <QStringList>
 #include <utility>
 
 class DrawerControl;
 class QHBoxLayout;
+class TreeListObserver;
 class QScrollArea;
 class QVBoxLayout;
 
@@ -61,6 +63,12 @@ public:
     /// by default.
     static void setRebuildEveryTime(bool every);
 
+    /// Tells @p observer, for as long as @p lifetime exists, what becomes of
+    /// the rows (the keyboard and accessibility follow them so).
+    void setObserver(TreeListObserver *observer, QObject *lifetime);
+    /// The scroll area that shows the drawers (null before initControls).
+    QScrollArea *scrollArea() const;
+
     // Read access for tests and diagnostics.
     QList<DrawerControl *> drawers() const;
     QList<int> dragSource() const;
@@ -95,6 +103,8 @@ private:
     st_NodeInfoSignal getNewRootNode();
     QStringList createDefaultRootName();
     void updateDrawerIndexes();
+    /// Tells the observer that rows changed.
+    void noteRowsChanged();
 
     CLanguageTranslateFrame *m_pDrawerContainer;
     QVBoxLayout *m_pContainerLayout;
@@ -105,6 +115,8 @@ private:
     QList<int> m_lstDragSrc;
     QList<int> m_lstDragDst;
     QStringList m_qlRootName;
+    TreeListObserver *m_pObserver = nullptr;
+    QPointer<QObject> m_pObserverLifetime;
     static bool s_bRebuildEveryTime;
 };
 

@@ -8,12 +8,14 @@
 #include "AccessibleHost.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
+#include "NodeFactory.h"
 #include "RootItem.h"
 #include "RowClick.h"
 #include "RowButtons.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
+#include "Translations.h"
 #include "TreeText.h"
 
 #include <QAccessible>
@@ -59,6 +61,7 @@ private slots:
     void accessibilityEvents();
     void selectionEventsFollowState_data();
     void selectionEventsFollowState();
+    void languageChangeRedescribesKnownRows();
 };
 
 void tst_TreeListAccessible::listIsATreeOfVisibleRows()
@@ -272,6 +275,39 @@ void tst_TreeListAccessible::selectionEventsFollowState()
     QTest::qWait(50); // let whatever would follow arrive
     const QStringList heard = merged(events.events);
     QVERIFY2(heard == expected, qPrintable(QStringLiteral("heard: ") + heard.join(QStringLiteral(" | "))));
+}
+
+// A new language: assistive technology hears that the shown rows it knows
+// read differently, and reads the new texts.
+void tst_TreeListAccessible::languageChangeRedescribesKnownRows()
+{
+    if (!waitForLiveAccessibility())
+        QSKIP("Qt's accessibility is not active on this platform; the accessible_events test runs this");
+
+    auto host = AccessibleHost::make();
+    QVERIFY(host);
+    // Child 1 of every group becomes the offline signal Z.
+    QAccessibleInterface *row = host->row(QStringLiteral("R0-1"));
+    st_NodeInfoSignal record = NodeFactory().node({QStringLiteral("Z")}, QStringLiteral("S9"));
+    record.isOnline = false;
+    host->list->modifyItemData(QList<int>{0, 1}, record);
+    QCOMPARE(row->text(QAccessible::Description), QStringLiteral("offline"));
+    host->row(QStringLiteral("R1"));
+    QAccessibleInterface *hidden = host->row(QStringLiteral("R1-2")); // known, but its group is closed
+
+    AccessibleEvents events;
+    QVERIFY(Translations::install(QLocale(QLocale::German)));
+    QTest::qWait(20);
+    const QStringList heard = events.events.filter(QStringLiteral("DescriptionChanged"));
+    const QString german = row->text(QAccessible::Description);
+    Translations::install(QLocale(QLocale::English));
+    QTest::qWait(20);
+    QCOMPARE(german, QStringLiteral("nicht verbunden"));
+    // Shown and known: Z (R0-1 was) and R1; R1's rows are not shown.
+    QVERIFY2(heard.contains(QStringLiteral("DescriptionChanged Z")), qPrintable(heard.join(QStringLiteral(" | "))));
+    QVERIFY(heard.contains(QStringLiteral("DescriptionChanged R1")));
+    QVERIFY(hidden && hidden->isValid());
+    QVERIFY(!heard.contains(QStringLiteral("DescriptionChanged R1-2")));
 }
 
 QTEST_MAIN(tst_TreeListAccessible)

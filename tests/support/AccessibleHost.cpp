@@ -98,6 +98,7 @@ void AccessibleEvents::handle(QAccessibleEvent *event)
         : event->type() == QAccessible::SelectionAdd       ? "SelectionAdd"
         : event->type() == QAccessible::SelectionRemove    ? "SelectionRemove"
         : event->type() == QAccessible::StateChanged       ? "StateChanged"
+        : event->type() == QAccessible::DescriptionChanged ? "DescriptionChanged"
                                                            : nullptr;
     if (!type)
         return; // Qt's own (shown, hidden, created...): not the library's to raise
