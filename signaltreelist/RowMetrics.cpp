@@ -4,11 +4,14 @@
 #include "RowMetrics.h"
 
 #include "DrawerControl.h"
+#include "LookHistory.h"
 #include "RepolishGuard.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 
+#include <QCoreApplication>
 #include <QFrame>
+#include <QStyle>
 #include <QLabel>
 #include <QToolButton>
 #include <QWidgetItem>
@@ -127,6 +130,52 @@ SlotMetrics RowMetrics::child(const ChildLook &look)
     return metrics;
 }
 
+QPair<QFont, QFont> RowMetrics::childFonts(const QByteArray &history)
+{
+    const auto known = m_fonts.constFind(history);
+    if (known != m_fonts.constEnd())
+        return *known;
+    ensurePrototypes();
+    if (!m_pDrawer)
+        return {};
+    // A row of its own, made as the drawers make theirs, put through the
+    // same changes the same way.
+    SecondItem row(m_pDrawer->childContainer());
+    row.initItem(0, 0);
+    st_NodeInfoSignal node;
+    node.strNodeName = QStringList{QStringLiteral("x"), QStringLiteral("x")};
+    row.setNodeInfo(node);
+    row.setPressed(false);
+    for (const char event : history) {
+        switch (LookHistory::Event(event)) {
+        case LookHistory::Polish:
+            row.ensurePolished();
+            break;
+        case LookHistory::Press:
+        case LookHistory::Release:
+            row.setPressed(event == LookHistory::Press);
+            break;
+        case LookHistory::Enter:
+        case LookHistory::Leave: {
+            QEvent crossing(event == LookHistory::Enter ? QEvent::Enter : QEvent::Leave);
+            QCoreApplication::sendEvent(&row, &crossing);
+            break;
+        }
+        case LookHistory::FocusOn:
+        case LookHistory::FocusOff:
+            row.setProperty("isKeyFocus", event == LookHistory::FocusOn);
+            row.style()->unpolish(&row);
+            row.style()->polish(&row);
+            break;
+        }
+    }
+    const auto *upper = row.findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+    const auto *lower = row.findChild<QLabel *>(QStringLiteral("m_qlDown"));
+    const QPair<QFont, QFont> fonts(upper ? upper->font() : QFont(), lower ? lower->font() : QFont());
+    m_fonts.insert(history, fonts);
+    return fonts;
+}
+
 SlotMetrics RowMetrics::root(const RootLook &look)
 {
     const QString key = QStringLiteral("%1|%2|%3|%4|%5")
@@ -197,6 +246,7 @@ QRect RowMetrics::initialChild()
 
 void RowMetrics::forget()
 {
+    m_fonts.clear();
     m_children.clear();
     m_roots.clear();
 }

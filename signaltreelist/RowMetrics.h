@@ -8,7 +8,9 @@
 
 #include "LayoutSlots.h"
 
+#include <QFont>
 #include <QHash>
+#include <QPair>
 #include <QPointer>
 #include <QRect>
 #include <QString>
@@ -52,6 +54,10 @@ public:
     ~RowMetrics();
 
     SlotMetrics child(const ChildLook &look);
+    /// The fonts of a child row's name lines (upper, lower) after the look
+    /// history @p history (LookHistory::events()): a new row is put through
+    /// that history among the prototypes.
+    QPair<QFont, QFont> childFonts(const QByteArray &history);
     SlotMetrics root(const RootLook &look);
     BoxSlot::Frame drawerFrame();
     BoxSlot::Frame rowContainerFrame();
@@ -73,6 +79,7 @@ private:
     QRect m_initial[4];
     QHash<QString, SlotMetrics> m_children;
     QHash<QString, SlotMetrics> m_roots;
+    QHash<QByteArray, QPair<QFont, QFont>> m_fonts;
 };
 
 #endif // SIGNALTREELIST_ROWMETRICS_H

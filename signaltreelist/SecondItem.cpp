@@ -9,6 +9,7 @@
 #include "StyleConstants.h"
 
 #include <QDebug>
+#include <QEvent>
 #include <QFile>
 #include <QFont>
 #include <QFontMetrics>
@@ -347,6 +348,7 @@ void SecondItem::setOpBtnShow(QList<bool> lstShow)
 
 void SecondItem::setPressed(bool bIsPressed)
 {
+    m_lookHistory.add(bIsPressed ? LookHistory::Press : LookHistory::Release);
     m_bIsPressed = bIsPressed;
     setProperty("isTarn", true);
     setProperty("isSecondItem", bIsPressed ? QStringLiteral("press") : QStringLiteral("normal"));
@@ -411,6 +413,7 @@ void SecondItem::mousePressEvent(QMouseEvent *event)
     Q_UNUSED(event)
     const HandlerGuard guard(this);
     qDebug() << "enter";
+    m_lookHistory.add(LookHistory::Press);
     m_bIsPressed = true;
     setProperty("isTarn", true);
     setProperty("isSecondItem", QStringLiteral("press"));
@@ -423,9 +426,27 @@ void SecondItem::mousePressEvent(QMouseEvent *event)
     emit signal_OnItemClicked();
 }
 
+bool SecondItem::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Polish:
+        m_lookHistory.add(LookHistory::Polish);
+        break;
+    case QEvent::DynamicPropertyChange:
+        // The keyboard's focus look, which re-polishes the row.
+        if (static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == "isKeyFocus")
+            m_lookHistory.add(property("isKeyFocus").toBool() ? LookHistory::FocusOn : LookHistory::FocusOff);
+        break;
+    default:
+        break;
+    }
+    return CLanguageTranslateFrame::event(event);
+}
+
 void SecondItem::enterEvent(QtCompat::EnterEvent *event)
 {
     Q_UNUSED(event)
+    m_lookHistory.add(LookHistory::Enter);
     setProperty("isTarn", true);
     setProperty("isSecondItem", m_bIsPressed ? QStringLiteral("press") : QStringLiteral("hover"));
     if (m_qlUpper) {
@@ -448,6 +469,7 @@ void SecondItem::enterEvent(QtCompat::EnterEvent *event)
 void SecondItem::leaveEvent(QEvent *event)
 {
     Q_UNUSED(event)
+    m_lookHistory.add(LookHistory::Leave);
     setProperty("isTarn", true);
     setProperty("isSecondItem", m_bIsPressed ? QStringLiteral("press") : QStringLiteral("normal"));
     for (QToolButton *btn : {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn}) {

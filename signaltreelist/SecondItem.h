@@ -5,6 +5,7 @@
 #define SIGNALTREELIST_SECONDITEM_H
 
 #include "ButtonFlags.h"
+#include "LookHistory.h"
 #include "QtCompat.h"
 #include "RepolishGuard.h"
 #include "st_NodeInfoSignal.h"
@@ -70,6 +71,9 @@ public:
     bool showsEditButton() const;
     bool showsDeleteButton() const;
 
+    /// The changes of look and polish this row went through.
+    const LookHistory &lookHistory() const { return m_lookHistory; }
+
 signals:
     void signal_OnItemClicked();
     void signal_OnEditBtnClicked();
@@ -82,6 +86,7 @@ private slots:
     void slot_OnDeleteBtnClicked();
 
 protected:
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void enterEvent(QtCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
@@ -122,6 +127,7 @@ private:
     // the re-polishes that could not change anything.
     RepolishGuard m_guardSelf;
     RepolishGuard m_guardUpper;
+    LookHistory m_lookHistory;
     // Set only while setNodeInfo() runs.
     TextWidthMemo *m_pWidthMemo = nullptr;
 };

@@ -542,7 +542,7 @@ Seen runOn(Side &side, const Step &step)
     }
     seen.picture = ListProbe::picture(side.list);
     if (shown && side.list)
-        seen.misplaced = side.layout->differences();
+        seen.misplaced = side.layout->differences() + side.layout->fontDifferences();
     return seen;
 }
 

@@ -70,6 +70,36 @@ LayoutCheck::LayoutCheck(SignalTreeList *list)
 
 LayoutCheck::~LayoutCheck() = default;
 
+QStringList LayoutCheck::fontDifferences()
+{
+    QStringList out;
+    auto *frame = m_list ? qobject_cast<TreeListFrame *>(m_list->getSignalTreeListFrame()) : nullptr;
+    if (!frame)
+        return out;
+    const QList<DrawerControl *> drawers = frame->drawers();
+    for (int r = 0; r < drawers.size(); ++r) {
+        DrawerControl *d = drawers.at(r);
+        if (!d)
+            continue;
+        const QList<SecondItem *> rows = d->secondItems();
+        for (int c = 0; c < rows.size(); ++c) {
+            const SecondItem *row = rows.at(c);
+            const QByteArray history = row->lookHistory().events();
+            const QPair<QFont, QFont> fonts = m_metrics->childFonts(history);
+            const auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+            const auto *lower = row->findChild<QLabel *>(QStringLiteral("m_qlDown"));
+            if (fonts.first.toString() != upper->font().toString() || fonts.second.toString() != lower->font().toString()) {
+                out << QStringLiteral("fonts of row %1,%2 after '%3': model %4 / %5, widget %6 / %7")
+                           .arg(r)
+                           .arg(c)
+                           .arg(QString::fromLatin1(history), fonts.first.toString(), fonts.second.toString(),
+                                upper->font().toString(), lower->font().toString());
+            }
+        }
+    }
+    return out;
+}
+
 QStringList LayoutCheck::differences()
 {
     QStringList out;

@@ -31,6 +31,10 @@ public:
     QStringList differences();
     // Rectangles the last check compared.
     int compared() const { return m_compared; }
+    // Child rows whose name lines have other fonts than a new row put
+    // through the same look history gets, one line each. Empty when all
+    // agree.
+    QStringList fontDifferences();
 
 private:
     int m_compared = 0;

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#ifndef SIGNALTREELIST_LOOKHISTORY_H
+#define SIGNALTREELIST_LOOKHISTORY_H
+
+// Internal: not installed, not part of the library's interface.
+
+#include <QByteArray>
+
+/**
+ * The changes of look and polish a child row went through, in order: what,
+ * under a style sheet, decides the fonts of its name lines.
+ *
+ * A sheet may give a selected, hovered or focused row other fonts, and Qt
+ * derives a label's font from its row's font at the moment the label is
+ * polished, and again whenever the row's font changes: the same row can
+ * end up with other fonts after other pasts. Two rows with the same history
+ * have the same fonts, so the history names them. Changes before the first
+ * polish only leave the look the polish sees, and a change to the look the
+ * row already has changes nothing: neither is kept.
+ */
+class LookHistory
+{
+public:
+    enum Event : char {
+        Polish = 'P',  ///< Qt polished the row (and then its labels)
+        Press = 'S',   ///< the selected look
+        Release = 's', ///< the normal look
+        Enter = 'E',   ///< the pointer came in
+        Leave = 'L',   ///< the pointer went
+        FocusOn = 'F', ///< the keyboard focus look
+        FocusOff = 'f',
+    };
+
+    void add(Event event);
+    /// The events, one byte each, oldest first.
+    const QByteArray &events() const { return m_events; }
+    bool polished() const { return m_polished; }
+
+private:
+    QByteArray m_events;
+    bool m_polished = false;
+    // Before the polish: the look it will see.
+    bool m_pressed = false;
+    bool m_hovered = false;
+    bool m_focused = false;
+};
+
+#endif // SIGNALTREELIST_LOOKHISTORY_H
