@@ -7,6 +7,7 @@
 #include "LayoutInstall.h"
 #include "RowTexts.h"
 #include "StyleConstants.h"
+#include "TextFit.h"
 
 #include <QDebug>
 #include <QEvent>
@@ -103,43 +104,6 @@ QPixmap signalPicture(const QString &path, qreal ratio)
         picture.setDevicePixelRatio(dpr);
     }
     return picture;
-}
-
-// Shortens @p full by whole characters until it plus "..." fits @p limit.
-// @p fullWidth is the width of @p full in @p metrics, already measured.
-QString fitText(const QString &full, int fullWidth, const QFontMetrics &metrics, int limit)
-{
-    const QString ellipsis = QStringLiteral("...");
-    QString running = full;
-    QString candidate = full;
-    if (fullWidth <= limit)
-        return candidate;
-
-    // Dropping one character per measurement is quadratic; for long texts
-    // first cut at the shortest prefix that alone is already too wide, which
-    // every longer prefix is as well.
-    if (running.size() > 256) {
-        int lo = 1;
-        int hi = running.size();
-        while (lo < hi) {
-            const int mid = lo + (hi - lo) / 2;
-            if (metrics.horizontalAdvance(running.left(mid)) > limit)
-                hi = mid;
-            else
-                lo = mid + 1;
-        }
-        running.truncate(lo);
-    }
-
-    // An empty running text cannot shrink further, even if "..." alone is
-    // too wide for a very large font. The first candidate is the full text.
-    int candidateWidth = fullWidth;
-    while (candidateWidth > limit && !running.isEmpty()) {
-        running.chop(1);
-        candidate = running + ellipsis;
-        candidateWidth = metrics.horizontalAdvance(candidate);
-    }
-    return candidate;
 }
 
 } // namespace
@@ -497,33 +461,21 @@ void SecondItem::fitTexts()
         return;
 
     const int limit = m_iTextWidthBudget - kTextReserve - m_qlIcon->width();
-    const QList<QLabel *> labels{m_qlUpper, m_qlDown};
-    const QStringList texts{m_strUpperText, m_strDownText};
-    if (labels.size() < 2)
-        return;
-
-    // Each text is measured once (line 0 was measured twice before: once
-    // to start the comparison and once in it).
-    const int widths[2] = {textWidth(0, labels.at(0), texts.at(0)),
-                           textWidth(1, labels.at(1), texts.at(1))};
-    int widest = widths[0];
-    for (int i = 0; i < labels.size(); ++i) {
-        const int width = widths[i];
-        if (width >= widest)
-            widest = width;
-    }
-
-    if (widest <= limit) {
-        // Both lines fit: they share the width of the wider one.
-        for (QLabel *label : labels)
-            label->setFixedWidth(widest);
-        return;
-    }
-
-    for (int i = 0; i < labels.size(); ++i) {
-        QLabel *label = labels.at(i);
-        label->setText(fitText(texts.at(i), widths[i], label->fontMetrics(), limit));
-        label->setFixedWidth(limit);
+    QLabel *const labels[2] = {m_qlUpper, m_qlDown};
+    const QString full[2] = {m_strUpperText, m_strDownText};
+    // Each text is measured once.
+    const int widths[2] = {textWidth(0, labels[0], full[0]), textWidth(1, labels[1], full[1])};
+    const QFontMetrics upperMetrics = m_qlUpper->fontMetrics();
+    const QFontMetrics downMetrics = m_qlDown->fontMetrics();
+    const QFontMetrics *const metrics[2] = {&upperMetrics, &downMetrics};
+    TextFit::Lines lines;
+    lines.shown[0] = m_qlUpper->text();
+    lines.shown[1] = m_qlDown->text();
+    TextFit::fit(lines, full, widths, metrics, limit);
+    for (int i = 0; i < 2; ++i) {
+        if (labels[i]->text() != lines.shown[i])
+            labels[i]->setText(lines.shown[i]);
+        labels[i]->setFixedWidth(lines.width[i]);
     }
 }
 
