@@ -5,38 +5,50 @@
 
 void LookHistory::add(Event event)
 {
+    const bool isPolish = event == Polish || event == UpperPolish || event == LowerPolish;
+    if (isPolish) {
+        if (m_polishes.contains(char(event)))
+            return; // once only
+        m_polishes.append(char(event));
+        if (!m_polished)
+            writeLook(); // what this polish sees
+        m_events.append(char(event));
+        if (event == Polish)
+            m_polished = true;
+        return;
+    }
     if (!m_polished) {
         switch (event) {
         case Press:
         case Release:
-            m_pressed = event == Press;
-            return;
+            m_look.pressed = event == Press;
+            break;
         case Enter:
         case Leave:
-            m_hovered = event == Enter;
-            return;
+            m_look.hovered = event == Enter;
+            break;
         case FocusOn:
         case FocusOff:
-            m_focused = event == FocusOn;
-            return;
-        case Polish:
+            m_look.focused = event == FocusOn;
+            break;
+        default:
             break;
         }
-        // The look the polish sees, then the polish.
-        if (m_pressed)
-            m_events.append(char(Press));
-        if (m_hovered)
-            m_events.append(char(Enter));
-        if (m_focused)
-            m_events.append(char(FocusOn));
-        m_events.append(char(Polish));
-        m_polished = true;
         return;
     }
-    if (event == Polish)
-        return; // once only
     // The same look again: nothing is re-polished.
     if (!m_events.isEmpty() && m_events.back() == char(event) && event != Enter && event != Leave)
         return;
     m_events.append(char(event));
+}
+
+void LookHistory::writeLook()
+{
+    if (m_look.pressed != m_written.pressed)
+        m_events.append(char(m_look.pressed ? Press : Release));
+    if (m_look.hovered != m_written.hovered)
+        m_events.append(char(m_look.hovered ? Enter : Leave));
+    if (m_look.focused != m_written.focused)
+        m_events.append(char(m_look.focused ? FocusOn : FocusOff));
+    m_written = m_look;
 }

@@ -13,18 +13,21 @@
  * under a style sheet, decides the fonts of its name lines.
  *
  * A sheet may give a selected, hovered or focused row other fonts, and Qt
- * derives a label's font from its row's font at the moment the label is
- * polished, and again whenever the row's font changes: the same row can
- * end up with other fonts after other pasts. Two rows with the same history
- * have the same fonts, so the history names them. Changes before the first
- * polish only leave the look the polish sees, and a change to the look the
- * row already has changes nothing: neither is kept.
+ * derives a label's font from its row's look and font at the moment the
+ * label is polished (when it is first shown, or with the row), and again
+ * whenever the row's font changes: the same row can end up with other fonts
+ * after other pasts. Two rows with the same history have the same fonts, so
+ * the history names them. Until the row is polished, a change of look only
+ * counts through the polishes that see it, and a change to the look the row
+ * already has changes nothing: neither is kept.
  */
 class LookHistory
 {
 public:
     enum Event : char {
         Polish = 'P',  ///< Qt polished the row (and then its labels)
+        UpperPolish = 'U', ///< Qt polished the upper name line
+        LowerPolish = 'D', ///< Qt polished the lower name line
         Press = 'S',   ///< the selected look
         Release = 's', ///< the normal look
         Enter = 'E',   ///< the pointer came in
@@ -39,12 +42,21 @@ public:
     bool polished() const { return m_polished; }
 
 private:
+    struct Look
+    {
+        bool pressed = false;
+        bool hovered = false;
+        bool focused = false;
+    };
+    /// Writes the changes from the look last written to the look now.
+    void writeLook();
+
     QByteArray m_events;
     bool m_polished = false;
-    // Before the polish: the look it will see.
-    bool m_pressed = false;
-    bool m_hovered = false;
-    bool m_focused = false;
+    QByteArray m_polishes; // the polish events already had
+    // Before the row's polish: the look now, and the look last written.
+    Look m_look;
+    Look m_written;
 };
 
 #endif // SIGNALTREELIST_LOOKHISTORY_H

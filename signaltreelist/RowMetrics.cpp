@@ -151,6 +151,12 @@ QPair<QFont, QFont> RowMetrics::childFonts(const QByteArray &history)
         case LookHistory::Polish:
             row.ensurePolished();
             break;
+        case LookHistory::UpperPolish:
+            row.findChild<QLabel *>(QStringLiteral("m_qlUpper"))->ensurePolished();
+            break;
+        case LookHistory::LowerPolish:
+            row.findChild<QLabel *>(QStringLiteral("m_qlDown"))->ensurePolished();
+            break;
         case LookHistory::Press:
         case LookHistory::Release:
             row.setPressed(event == LookHistory::Press);
@@ -242,6 +248,12 @@ QRect RowMetrics::initialChild()
 {
     ensurePrototypes();
     return m_initial[ChildRect];
+}
+
+QWidget *RowMetrics::prototypeRowParent()
+{
+    ensurePrototypes();
+    return m_pDrawer ? m_pDrawer->childContainer() : nullptr;
 }
 
 void RowMetrics::forget()

@@ -66,6 +66,9 @@ public:
     QRect initialRowContainer();
     QRect initialRoot();
     QRect initialChild();
+    /// Where rows made for a moment belong: among the prototypes, below
+    /// the same ancestors as the list's rows.
+    QWidget *prototypeRowParent();
     /// Measures afresh from now on (the style, a style sheet or the fonts
     /// changed).
     void forget();

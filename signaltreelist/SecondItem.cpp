@@ -9,6 +9,7 @@
 #include "StyleConstants.h"
 #include "TextFit.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QEvent>
 #include <QFile>
@@ -209,6 +210,9 @@ void SecondItem::initItem(int rootIndex, int childIndex)
 
     m_qlUpper->setProperty("isTarn", true);
     m_qlUpper->setProperty("isUpOnline", true);
+    // When the lines are polished decides their fonts (LookHistory).
+    m_qlUpper->installEventFilter(this);
+    m_qlDown->installEventFilter(this);
     SecondItem::reTranslateUI();
 }
 
@@ -301,7 +305,112 @@ void SecondItem::screenChangedEvent(QScreen *screen)
 
 void SecondItem::showSignalPicture()
 {
-    m_qlIcon->setPixmap(signalPicture(m_strIconPath, devicePixelRatioF()));
+    m_rIconRatio = devicePixelRatioF();
+    m_qlIcon->setPixmap(signalPicture(m_strIconPath, m_rIconRatio));
+}
+
+ChildRowState SecondItem::state() const
+{
+    ChildRowState state;
+    state.record = m_stNodeInfo;
+    state.rootIndex = m_iRootIndex;
+    state.childIndex = m_iChildIndex;
+    state.fullText[0] = m_strUpperText;
+    state.fullText[1] = m_strDownText;
+    const QLabel *const labels[2] = {m_qlUpper, m_qlDown};
+    for (int i = 0; i < 2; ++i) {
+        if (!labels[i])
+            continue;
+        state.lines.shown[i] = labels[i]->text();
+        const bool fixed = labels[i]->minimumWidth() == labels[i]->maximumWidth();
+        state.lines.width[i] = fixed ? labels[i]->minimumWidth() : -1;
+        state.lineShown[i] = !labels[i]->isHidden();
+    }
+    state.buttons = m_buttons;
+    state.pressed = m_bIsPressed;
+    state.history = m_lookHistory;
+    state.look = property("isSecondItem").toString();
+    state.upperOnline = m_qlUpper && m_qlUpper->property("isUpOnline").toBool();
+    state.iconPath = m_strIconPath;
+    state.iconRatio = m_rIconRatio;
+    state.toolTip = toolTip();
+    const QToolButton *const buttons[4] = {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn};
+    for (int i = 0; i < 4; ++i)
+        state.buttonShown[i] = buttons[i] && !buttons[i]->isHidden();
+    state.buttonFrameShown = m_qfBtns && !m_qfBtns->isHidden();
+    state.buttonFrame = m_qfBtns ? m_qfBtns->geometry() : QRect();
+    return state;
+}
+
+void SecondItem::restoreState(const ChildRowState &state)
+{
+    if (!m_qlUpper || !m_qlDown || !m_qlIcon)
+        return;
+    m_stNodeInfo = state.record;
+    m_iRootIndex = state.rootIndex;
+    m_iChildIndex = state.childIndex;
+    m_strUpperText = state.fullText[0];
+    m_strDownText = state.fullText[1];
+    m_buttons = state.buttons;
+    m_strIconPath = state.iconPath;
+    m_rIconRatio = state.iconRatio;
+    if (!m_strIconPath.isEmpty())
+        m_qlIcon->setPixmap(signalPicture(m_strIconPath, m_rIconRatio));
+    // The fonts: the same changes of look and polishes, in the same order.
+    for (const char event : state.history.events()) {
+        switch (LookHistory::Event(event)) {
+        case LookHistory::Polish:
+            ensurePolished();
+            break;
+        case LookHistory::UpperPolish:
+            m_qlUpper->ensurePolished();
+            break;
+        case LookHistory::LowerPolish:
+            m_qlDown->ensurePolished();
+            break;
+        case LookHistory::Press:
+        case LookHistory::Release:
+            setPressed(event == LookHistory::Press);
+            break;
+        case LookHistory::Enter:
+        case LookHistory::Leave: {
+            QEvent crossing(event == LookHistory::Enter ? QEvent::Enter : QEvent::Leave);
+            QCoreApplication::sendEvent(this, &crossing);
+            break;
+        }
+        case LookHistory::FocusOn:
+        case LookHistory::FocusOff:
+            setProperty("isKeyFocus", event == LookHistory::FocusOn);
+            style()->unpolish(this);
+            style()->polish(this);
+            break;
+        }
+    }
+    m_bIsPressed = state.pressed;
+    setProperty("isSecondItem", state.look);
+    m_qlUpper->setProperty("isUpOnline", state.upperOnline);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
+    // Shown only now: showing a line polishes it.
+    m_qlUpper->setVisible(state.lineShown[0]);
+    m_qlDown->setVisible(state.lineShown[1]);
+
+    // The lines as they were fitted, with the fonts of that moment.
+    QLabel *const labels[2] = {m_qlUpper, m_qlDown};
+    for (int i = 0; i < 2; ++i) {
+        labels[i]->setText(state.lines.shown[i]);
+        if (state.lines.width[i] >= 0)
+            labels[i]->setFixedWidth(state.lines.width[i]);
+    }
+    setToolTip(state.toolTip);
+    // The hover buttons as the last hover left them, placed for the width
+    // the row had then.
+    QToolButton *const buttons[4] = {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn};
+    for (int i = 0; i < 4; ++i)
+        buttons[i]->setVisible(state.buttonShown[i]);
+    if (state.buttonFrameShown)
+        m_qfBtns->setGeometry(state.buttonFrame);
+    m_qfBtns->setVisible(state.buttonFrameShown);
 }
 
 void SecondItem::setOpBtnShow(QList<bool> lstShow)
@@ -405,6 +514,17 @@ bool SecondItem::event(QEvent *event)
         break;
     }
     return CLanguageTranslateFrame::event(event);
+}
+
+bool SecondItem::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Polish) {
+        if (watched == m_qlUpper)
+            m_lookHistory.add(LookHistory::UpperPolish);
+        else if (watched == m_qlDown)
+            m_lookHistory.add(LookHistory::LowerPolish);
+    }
+    return CLanguageTranslateFrame::eventFilter(watched, event);
 }
 
 void SecondItem::enterEvent(QtCompat::EnterEvent *event)

@@ -5,6 +5,7 @@
 #define SIGNALTREELIST_SECONDITEM_H
 
 #include "ButtonFlags.h"
+#include "ChildRowState.h"
 #include "LookHistory.h"
 #include "QtCompat.h"
 #include "RepolishGuard.h"
@@ -74,6 +75,13 @@ public:
     /// The changes of look and polish this row went through.
     const LookHistory &lookHistory() const { return m_lookHistory; }
 
+    /// What the row shows and keeps, to be made again with restoreState().
+    ChildRowState state() const;
+    /// Makes this row, new and just through initItem(), what @p state
+    /// says: the look history is gone through again (it decides the fonts),
+    /// then the lines are shown as they were fitted.
+    void restoreState(const ChildRowState &state);
+
 signals:
     void signal_OnItemClicked();
     void signal_OnEditBtnClicked();
@@ -87,6 +95,7 @@ private slots:
 
 protected:
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void enterEvent(QtCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
@@ -123,6 +132,7 @@ private:
     QString m_strDownText;
     // The one-times picture shown; the screen's pixel ratio picks its variant.
     QString m_strIconPath;
+    qreal m_rIconRatio = 1.0;
     // Every look change re-polishes the item and its upper line; these skip
     // the re-polishes that could not change anything.
     RepolishGuard m_guardSelf;

@@ -542,7 +542,8 @@ Seen runOn(Side &side, const Step &step)
     }
     seen.picture = ListProbe::picture(side.list);
     if (shown && side.list)
-        seen.misplaced = side.layout->differences() + side.layout->fontDifferences();
+        seen.misplaced = side.layout->differences() + side.layout->fontDifferences()
+            + side.layout->roundTripDifferences();
     return seen;
 }
 

@@ -10,6 +10,7 @@
 #include "TreeListFrame.h"
 
 #include <QFrame>
+#include <QImage>
 #include <QLabel>
 #include <QLayout>
 #include <QScrollArea>
@@ -60,6 +61,53 @@ RowMetrics::RootLook rootLook(const RootItem *row)
     return look;
 }
 
+QImage pictureOf(const QLabel *label)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return label->pixmap().toImage();
+#else
+    return label->pixmap(Qt::ReturnByValue).toImage();
+#endif
+}
+
+// What a user or a host can see of @p w, a row or a widget inside @p row
+// (but not where the row itself is: the copy is not laid out).
+QString seenOf(const QWidget *w, const QWidget *row)
+{
+    QStringList props;
+    for (const QByteArray &name : w->dynamicPropertyNames()) {
+        if (!name.startsWith("_q_"))
+            props << QStringLiteral("%1=%2").arg(QString::fromLatin1(name), w->property(name.constData()).toString());
+    }
+    props.sort();
+    QString text = QStringLiteral("%1 '%2' {%3} tip='%4' name='%5' font=%6 width=%7..%8")
+                       .arg(QString::fromLatin1(w->metaObject()->className()), w->objectName(), props.join(u' '),
+                            w->toolTip(), w->accessibleName(), w->font().toString())
+                       .arg(w->minimumWidth())
+                       .arg(w->maximumWidth());
+    if (w != row) {
+        const bool shown = w->isVisibleTo(row);
+        text += shown ? QStringLiteral(" shown") : QStringLiteral(" hidden");
+        if (shown && w->objectName() == QLatin1String("m_qfBtns"))
+            text += QStringLiteral(" at %1").arg(rectText(w->geometry()));
+    }
+    if (auto *label = qobject_cast<const QLabel *>(w)) {
+        text += QStringLiteral(" text='%1'").arg(label->text());
+        const QImage picture = pictureOf(label);
+        if (!picture.isNull())
+            text += QStringLiteral(" picture=%1").arg(picture.cacheKey() ? qHashBits(picture.constBits(), size_t(picture.sizeInBytes())) : 0);
+    }
+    return text;
+}
+
+QStringList seenOfRow(const SecondItem *row)
+{
+    QStringList out{seenOf(row, row)};
+    for (const QWidget *child : row->findChildren<QWidget *>())
+        out << seenOf(child, row);
+    return out;
+}
+
 } // namespace
 
 LayoutCheck::LayoutCheck(SignalTreeList *list)
@@ -94,6 +142,39 @@ QStringList LayoutCheck::fontDifferences()
                            .arg(c)
                            .arg(QString::fromLatin1(history), fonts.first.toString(), fonts.second.toString(),
                                 upper->font().toString(), lower->font().toString());
+            }
+        }
+    }
+    return out;
+}
+
+QStringList LayoutCheck::roundTripDifferences()
+{
+    QStringList out;
+    auto *frame = m_list ? qobject_cast<TreeListFrame *>(m_list->getSignalTreeListFrame()) : nullptr;
+    QWidget *parent = m_metrics->prototypeRowParent();
+    if (!frame || !parent)
+        return out;
+    const QList<DrawerControl *> drawers = frame->drawers();
+    for (int r = 0; r < drawers.size(); ++r) {
+        DrawerControl *d = drawers.at(r);
+        if (!d)
+            continue;
+        const QList<SecondItem *> rows = d->secondItems();
+        for (int c = 0; c < rows.size(); ++c) {
+            const ChildRowState state = rows.at(c)->state();
+            SecondItem copy(parent);
+            copy.initItem(state.rootIndex, state.childIndex);
+            copy.restoreState(state);
+            const QStringList was = seenOfRow(rows.at(c));
+            const QStringList is = seenOfRow(&copy);
+            for (int i = 0; i < qMax(was.size(), is.size()); ++i) {
+                if (was.value(i) != is.value(i)) {
+                    out << QStringLiteral("row %1,%2 after '%3': was %4, made again %5")
+                               .arg(r)
+                               .arg(c)
+                               .arg(QString::fromLatin1(state.history.events()), was.value(i), is.value(i));
+                }
             }
         }
     }

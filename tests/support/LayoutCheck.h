@@ -35,6 +35,10 @@ public:
     // through the same look history gets, one line each. Empty when all
     // agree.
     QStringList fontDifferences();
+    // Child rows that, put away as their state and made again from it, come
+    // back other than they are, one line for each difference. Empty when
+    // all come back the same.
+    QStringList roundTripDifferences();
 
 private:
     int m_compared = 0;

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+// A child row put away as its state (ChildRowState) and made again from it
+// comes back as it was: its name lines shortened as they were, with the
+// fonts its past gave them, its looks, buttons and tool tip. Each case is
+// one where the past shows: made again without its look history, the row
+// comes back different.
+
+#include "ChildRowState.h"
+#include "DrawerControl.h"
+#include "EventSender.h"
+#include "LayoutCheck.h"
+#include "NodeFactory.h"
+#include "SecondItem.h"
+#include "SignalTreeList.h"
+#include "TreeListFrame.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <QtTest>
+
+namespace {
+
+// The lower line is polished once, with the row; a rule that depends on
+// the row's look at that moment sticks, as long as the row's own font
+// does not change.
+const char *const kPolishTimeSheet = R"(
+SecondItem QLabel { font-size: 9px; }
+#SignalSecondItem[isSecondItem="press"] QLabel#m_qlDown { font-size: 14px; }
+#SignalSecondItem[isKeyFocus="true"] QLabel#m_qlDown { font-size: 16px; }
+#SignalSecondItem[isSecondItem="press"] QLabel#m_qlUpper { font-size: 13px; }
+)";
+
+void settle()
+{
+    for (int i = 0; i < 5; ++i) {
+        QCoreApplication::processEvents();
+        EventSender::flushDeferredDeletes();
+    }
+}
+
+} // namespace
+
+class tst_ChildRowState : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { EventSender::parkPointer(); }
+    void cleanup() { qApp->setStyleSheet(QString()); }
+    void rowComesBackAsItWas_data();
+    void rowComesBackAsItWas();
+};
+
+void tst_ChildRowState::rowComesBackAsItWas_data()
+{
+    QTest::addColumn<QString>("steps");
+    // Whether, made again without its look history, some row would come
+    // back with other fonts.
+    QTest::addColumn<bool>("pastShows");
+    // The last row of a batch is selected when its lines are polished.
+    QTest::newRow("selected when polished") << "open" << false;
+    QTest::newRow("selected when polished, then not") << "open;select 0" << true;
+    QTest::newRow("selected when polished, renamed long, then not") << "open;long 2;select 0" << true;
+    QTest::newRow("a lower line first shown while selected") << "select 0;open;long 0;select 1" << true;
+    QTest::newRow("keyboard focus after the polish") << "focus 1;open" << false;
+    QTest::newRow("keyboard focus, then away") << "focus 1;open;focus 0" << false;
+}
+
+void tst_ChildRowState::rowComesBackAsItWas()
+{
+    QFETCH(QString, steps);
+    QFETCH(bool, pastShows);
+    qApp->setStyleSheet(QLatin1String(kPolishTimeSheet));
+    QWidget window;
+    window.resize(380, 500);
+    auto *layout = new QVBoxLayout(&window);
+    auto *panel = new QWidget(&window);
+    layout->addWidget(panel);
+    auto *list = new SignalTreeList(panel);
+    list->initControls();
+    const NodeFactory nodes;
+    st_NodeInfoSignal root = nodes.node({QStringLiteral("R0")}, QStringLiteral("S0"));
+    list->addRootItem(root, nodes.children(QStringLiteral("R0"), 3, QStringLiteral("S0")));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    settle();
+    auto *frame = qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame());
+    DrawerControl *drawer = frame->drawers().at(0);
+    drawer->buildRows();
+    for (const QString &step : steps.split(QLatin1Char(';'))) {
+        const QString verb = step.section(QLatin1Char(' '), 0, 0);
+        const int row = step.section(QLatin1Char(' '), 1, 1).toInt();
+        if (verb == QLatin1String("open")) {
+            list->setIsShowChildItem(0, true);
+        } else if (verb == QLatin1String("select")) {
+            list->setCurSelItem(QList<int>{0, row});
+        } else if (verb == QLatin1String("long")) {
+            st_NodeInfoSignal node = nodes.node({QString(60, QLatin1Char('W')), QString(50, QLatin1Char('m'))});
+            list->modifyItemData(QList<int>{0, row}, node);
+        } else if (verb == QLatin1String("focus")) {
+            // The keyboard's focus look, as the keyboard gives it.
+            QWidget *item = drawer->secondItems().at(row);
+            for (SecondItem *other : drawer->secondItems()) {
+                if (other->property("isKeyFocus").toBool()) {
+                    other->setProperty("isKeyFocus", false);
+                    other->style()->unpolish(other);
+                    other->style()->polish(other);
+                }
+            }
+            item->setProperty("isKeyFocus", true);
+            item->style()->unpolish(item);
+            item->style()->polish(item);
+        }
+        settle();
+    }
+
+    LayoutCheck check(list);
+    const QStringList differences = check.roundTripDifferences();
+    QVERIFY2(differences.isEmpty(), qPrintable(differences.join(QLatin1Char('\n'))));
+
+    if (!pastShows)
+        return;
+    // Without its past, at least one row would not come back the same.
+    bool differs = false;
+    for (SecondItem *row : drawer->secondItems()) {
+        ChildRowState state = row->state();
+        state.history = LookHistory();
+        SecondItem copy(drawer->childContainer());
+        copy.initItem(state.rootIndex, state.childIndex);
+        copy.setVisible(false);
+        copy.restoreState(state);
+        copy.ensurePolished();
+        for (const char *line : {"m_qlUpper", "m_qlDown"}) {
+            const auto *was = row->findChild<QLabel *>(QLatin1String(line));
+            const auto *is = copy.findChild<QLabel *>(QLatin1String(line));
+            if (was->font().toString() != is->font().toString())
+                differs = true;
+        }
+    }
+    QVERIFY2(differs, "no row's fonts depend on its past here");
+}
+
+QTEST_MAIN(tst_ChildRowState)
+#include "tst_childrowstate.moc"
