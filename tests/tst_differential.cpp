@@ -31,6 +31,7 @@
 #include "ListProbe.h"
 #include "MessageCapture.h"
 #include "RootItem.h"
+#include "RowAt.h"
 #include "RowClick.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
@@ -106,13 +107,8 @@ struct Side
 
     TreeListFrame *frame() const { return list ? qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame()) : nullptr; }
     DrawerControl *drawer(int r) const { return frame() ? frame()->drawers().value(r) : nullptr; }
-    QWidget *row(const QList<int> &path) const
-    {
-        DrawerControl *d = drawer(path.value(0, -1));
-        if (!d)
-            return nullptr;
-        return path.size() == 1 ? static_cast<QWidget *>(d->rootItem()) : d->secondItems().value(path.value(1, -1));
-    }
+    // A shown row as a user reaches it: scrolled into view.
+    QWidget *row(const QList<int> &path) const { return RowAt::shown(list, path); }
 };
 
 // What a step left behind, for comparison.
