@@ -8,6 +8,8 @@
 #include "PendingRows.h"
 #include "QtCompat.h"
 #include "RootItem.h"
+#include "RowMetrics.h"
+#include "RowSlot.h"
 #include "SecondItem.h"
 #include "StyleConstants.h"
 
@@ -49,6 +51,7 @@ DrawerControl::DrawerControl(QWidget *parent)
     , m_pDrag(nullptr)
     , m_pPending(s_bDeferRows ? std::make_unique<PendingRows>() : nullptr)
     , m_quRootKey(nextRowKey())
+    , m_bRowSlots(s_bDeferRows)
 {
     setIsDrag(false);
 }
@@ -159,6 +162,14 @@ void DrawerControl::createBatch(const QList<st_NodeInfoSignal> &nodes, int n, in
             taken.insert(pWidget);
         delete pLast; // the item only, never its widget
     }
+    if (m_bRowSlots && m_pRowMetrics) {
+        // Rows still in the layout go to the end when re-added, as widgets
+        // re-added to a layout leave their old place.
+        for (int i = m_pChildLayout->count() - 1; i >= 0; --i) {
+            if (m_pChildLayout->itemAt(i)->widget())
+                delete m_pChildLayout->takeAt(i);
+        }
+    }
     m_pChildLayout->addSpacing(8);
     for (SecondItem *pItem : qAsConst(m_lstSecondItem)) {
         // A row taken out above is in no layout. Qt searches the whole
@@ -166,7 +177,7 @@ void DrawerControl::createBatch(const QList<st_NodeInfoSignal> &nodes, int n, in
         // addWidget() flags it again: clearing the flag spares that search.
         if (taken.contains(pItem))
             pItem->setAttribute(Qt::WA_LaidOut, false);
-        m_pChildLayout->addWidget(pItem);
+        layOutRow(pItem);
     }
 
     if (!locked)
@@ -236,9 +247,19 @@ void DrawerControl::buildRows()
     }
 }
 
+void DrawerControl::layOutRow(SecondItem *pItem)
+{
+    if (m_bRowSlots && m_pRowMetrics) {
+        m_pChildLayout->addItem(new RowSlot(pItem, m_pRowMetrics));
+        RowSlot::showLater(pItem);
+    } else {
+        m_pChildLayout->addWidget(pItem);
+    }
+}
+
 void DrawerControl::adoptRow(SecondItem *pItem)
 {
-    m_pChildLayout->addWidget(pItem);
+    layOutRow(pItem);
     m_lstSecondItem.append(pItem);
     connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
     connectSecondItemButtons(pItem);
@@ -534,9 +555,19 @@ int DrawerControl::childSpacings() const
     return m_pPending ? m_pPending->spacings() : m_iSpacings;
 }
 
+void DrawerControl::setRowMetrics(RowMetrics *metrics)
+{
+    m_pRowMetrics = metrics;
+}
+
 void DrawerControl::setPrototype()
 {
     m_bPrototype = true;
+}
+
+bool DrawerControl::isPrototype() const
+{
+    return m_bPrototype;
 }
 
 bool DrawerControl::showsChildren() const

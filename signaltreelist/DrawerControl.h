@@ -10,11 +10,13 @@
 
 #include <QList>
 #include <QPoint>
+#include <QPointer>
 #include <QVector>
 
 #include <memory>
 
 class PendingRows;
+class RowMetrics;
 class QDrag;
 class QFrame;
 class QPixmap;
@@ -135,6 +137,11 @@ public:
     /// Makes this a prototype that row metrics are measured on: it is no
     /// drawer of the list, and goes without a word.
     void setPrototype();
+    bool isPrototype() const;
+    /// Lays the child rows out by the metrics of their looks (RowSlot)
+    /// rather than by asking the widgets; drawers that build their rows at
+    /// once (the test switch) keep asking them.
+    void setRowMetrics(RowMetrics *metrics);
 
     // Read access for the container's diagnostics and for tests.
     RootItem *rootItem() const;
@@ -184,6 +191,8 @@ private:
     void applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode);
     /// The end of one row's creation: laid out last, listed, connected.
     void adoptRow(SecondItem *pItem);
+    /// Adds @p pItem at the end of the child layout.
+    void layOutRow(SecondItem *pItem);
     void pressRow(int index);
     /// The selected look on row @p index, built or waiting.
     void showSelectedLook(int index);
@@ -223,6 +232,9 @@ private:
     /// Spacings at the top of the child layout of built rows.
     int m_iSpacings = 0;
     bool m_bPrototype = false;
+    /// Rows laid out by slots (the list as shipped), with these metrics.
+    bool m_bRowSlots;
+    QPointer<RowMetrics> m_pRowMetrics;
     static bool s_bDeferRows;
 };
 

@@ -69,28 +69,28 @@ void LeafSlot::setEmpty(bool empty)
 
 QSize LeafSlot::sizeHint() const
 {
-    return m_empty ? QSize(0, 0) : m_metrics.hint;
+    return isEmpty() ? QSize(0, 0) : m_metrics.hint;
 }
 
 QSize LeafSlot::minimumSize() const
 {
-    return m_empty ? QSize(0, 0) : m_metrics.minimum;
+    return isEmpty() ? QSize(0, 0) : m_metrics.minimum;
 }
 
 QSize LeafSlot::maximumSize() const
 {
-    return m_empty ? QSize(0, 0) : m_metrics.maximum;
+    return isEmpty() ? QSize(0, 0) : m_metrics.maximum;
 }
 
 Qt::Orientations LeafSlot::expandingDirections() const
 {
-    return m_empty ? Qt::Orientations() : m_metrics.expanding;
+    return isEmpty() ? Qt::Orientations() : m_metrics.expanding;
 }
 
 void LeafSlot::setGeometry(const QRect &rect)
 {
     // As QWidgetItem: an empty item leaves its widget where it was.
-    if (m_empty)
+    if (isEmpty())
         return;
     const QSize size = rect.size().boundedTo(m_metrics.maximum);
     m_rect = QRect(rect.topLeft(), withinBounds(size, m_metrics.widgetMinimum, m_metrics.widgetMaximum));

@@ -67,6 +67,22 @@ void setLineWidth(QLabel *label, int width)
 RowMetrics::RowMetrics(QWidget *container)
     : m_pContainer(container)
 {
+    if (container)
+        container->installEventFilter(this);
+}
+
+bool RowMetrics::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::StyleChange:
+    case QEvent::FontChange:
+    case QEvent::ApplicationFontChange:
+        forget();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 RowMetrics::~RowMetrics()
@@ -128,6 +144,20 @@ SlotMetrics RowMetrics::child(const ChildLook &look)
     const SlotMetrics metrics = measure(row);
     m_children.insert(key, metrics);
     return metrics;
+}
+
+RowMetrics::ChildLook RowMetrics::lookOf(const SecondItem *row)
+{
+    ChildLook look;
+    look.state = row->property("isSecondItem").toString();
+    look.keyFocus = row->property("isKeyFocus").toBool();
+    const auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+    const auto *lower = row->findChild<QLabel *>(QStringLiteral("m_qlDown"));
+    look.upperShown = upper && !upper->isHidden();
+    look.lowerShown = lower && !lower->isHidden();
+    // The width the last text fit gave the lines (-1: never fitted).
+    look.lineWidth = upper && upper->minimumWidth() == upper->maximumWidth() ? upper->minimumWidth() : -1;
+    return look;
 }
 
 QPair<QFont, QFont> RowMetrics::childFonts(const QByteArray &history)

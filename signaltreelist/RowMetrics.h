@@ -10,6 +10,7 @@
 
 #include <QFont>
 #include <QHash>
+#include <QObject>
 #include <QPair>
 #include <QPointer>
 #include <QRect>
@@ -26,7 +27,7 @@ class SecondItem;
  * through the same ancestors as the list's own rows. Answers are kept per
  * look until forget().
  */
-class RowMetrics
+class RowMetrics : public QObject
 {
 public:
     /// A child row's look: its state properties and its name lines (shown,
@@ -49,11 +50,14 @@ public:
         bool deleteShown = false;
     };
 
-    /// Prototypes under @p container, made on first use.
+    /// Prototypes under @p container, made on first use; measured afresh
+    /// whenever the container's style or font changes.
     explicit RowMetrics(QWidget *container);
-    ~RowMetrics();
+    ~RowMetrics() override;
 
     SlotMetrics child(const ChildLook &look);
+    /// The look of @p row as it is now.
+    static ChildLook lookOf(const SecondItem *row);
     /// The fonts of a child row's name lines (upper, lower) after the look
     /// history @p history (LookHistory::events()): a new row is put through
     /// that history among the prototypes.
@@ -72,6 +76,9 @@ public:
     /// Measures afresh from now on (the style, a style sheet or the fonts
     /// changed).
     void forget();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void ensurePrototypes();

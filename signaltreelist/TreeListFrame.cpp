@@ -6,6 +6,7 @@
 #include "DrawerControl.h"
 #include "HandlerGuard.h"
 #include "QtCompat.h"
+#include "RowMetrics.h"
 #include "StyleConstants.h"
 #include "TreeListObserver.h"
 
@@ -69,6 +70,7 @@ void TreeListFrame::initControls()
     m_pScrollArea->setWidgetResizable(true);
     m_pScrollArea->setWidget(m_pDrawerContainer);
     m_pMainLayout->addWidget(m_pScrollArea);
+    m_pRowMetrics.reset(new RowMetrics(m_pDrawerContainer));
 }
 
 void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
@@ -78,6 +80,7 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
         return;
 
     DrawerControl *pDrawer = new DrawerControl(m_pDrawerContainer);
+    pDrawer->setRowMetrics(m_pRowMetrics.get());
     pDrawer->initRootItem(rootNode.iType == 0 ? 1 : 0, position);
     pDrawer->setIsDrag(m_bIsDrag);
     pDrawer->modifyRootItemData(rootNode);

@@ -11,10 +11,12 @@
 #include <QList>
 #include <QPointer>
 #include <QStringList>
+#include <memory>
 #include <utility>
 
 class DrawerControl;
 class QHBoxLayout;
+class RowMetrics;
 class TreeListObserver;
 class QScrollArea;
 class QVBoxLayout;
@@ -116,6 +118,8 @@ private:
     QList<int> m_lstDragDst;
     QStringList m_qlRootName;
     TreeListObserver *m_pObserver = nullptr;
+    /// What rows of each look measure, for the drawers' layouts.
+    std::unique_ptr<RowMetrics> m_pRowMetrics;
     QPointer<QObject> m_pObserverLifetime;
     static bool s_bRebuildEveryTime;
 };

@@ -200,7 +200,7 @@ struct Host
     void collect()
     {
         // Drawers appear in the window in root order.
-        QList<DrawerControl *> drawers = window->findChildren<DrawerControl *>();
+        QList<DrawerControl *> drawers = listDrawers(window.get());
         std::sort(drawers.begin(), drawers.end(), [](DrawerControl *a, DrawerControl *b) {
             return a->rootIndex() < b->rootIndex();
         });

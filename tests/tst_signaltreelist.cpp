@@ -108,9 +108,9 @@ void addRoots(SignalTreeList *list, int count, int children)
 int secondItemCount(QWidget *parent)
 {
     // Counted as widgets: the rows of groups never expanded are built first.
-    for (DrawerControl *drawer : parent->findChildren<DrawerControl *>())
+    for (DrawerControl *drawer : listDrawers(parent))
         builtRows(drawer);
-    return parent->findChildren<QWidget *>(QStringLiteral("SignalSecondItem")).size();
+    return listRowWidgets(parent).size();
 }
 
 // Signal arguments as "type:value" texts (QVariant cannot compare lists).
@@ -497,7 +497,7 @@ void tst_SignalTreeList::operationsBeforeInitControlsDoNothing()
     QCOMPARE(host->parent->children().size(), parentChildren);
     QCOMPARE(host->list->children().size(), listChildren);
     QVERIFY(host->parent->layout() == nullptr);
-    QVERIFY(host->parent->findChildren<DrawerControl *>().isEmpty());
+    QVERIFY(listDrawers(host->parent.get()).isEmpty());
     QVERIFY(recorder.events.isEmpty());
 
     // Nothing was kept for later either.
@@ -802,7 +802,7 @@ void tst_SignalTreeList::deleteChildeItemByPathLength()
     for (const QPointer<DrawerControl> &d : guards)
         alive += d.isNull() ? 0 : 1;
     QCOMPARE(alive, expected.size());
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), expected.size());
+    QCOMPARE(listDrawers(host->parent.get()).size(), expected.size());
     QVERIFY(recorder.events.isEmpty());
 }
 
@@ -857,7 +857,7 @@ void tst_SignalTreeList::updateTreeList()
     }
     for (int i = 0; i < existing; ++i)
         QCOMPARE(drawers.at(entries + i)->rootIndex(), i);
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), existing + entries);
+    QCOMPARE(listDrawers(host->parent.get()).size(), existing + entries);
     QVERIFY(recorder.events.isEmpty());
 }
 
@@ -1020,7 +1020,7 @@ void tst_SignalTreeList::misuseNeverCrashes()
     QTest::qWait(10);
 
     QCOMPARE(snapshot(host->frame()), before);
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 3);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 3);
     QCOMPARE(secondItemCount(host->parent.get()), 6);
     for (const QString &e : recorder.events)
         QVERIFY2(e.startsWith(QStringLiteral("CurrentItemClicked(0,")), qPrintable(e));
@@ -1160,7 +1160,7 @@ void tst_SignalTreeList::deletingSourceRootDuringDrag()
     QVERIFY(capture.lines().contains(QStringLiteral("[Tarn]::DrawerControl::slot_releaseDrag deleteLater")));
     QCOMPARE(frame->drawers().size(), 1);
     QCOMPARE(frame->drawers().first(), other.data());
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 1);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 1);
     QCOMPARE(recorder.events, QStringList{QStringLiteral("CurrentItemClicked(0,1)")});
 }
 
@@ -1415,7 +1415,7 @@ void tst_SignalTreeList::hostActsFromInsideItsSignals()
     QCOMPARE(frame.isNull(), destroys);
     if (!destroys) {
         QCOMPARE(snapshot(host->frame()), c.tree);
-        QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), c.tree.size());
+        QCOMPARE(listDrawers(host->parent.get()).size(), c.tree.size());
     }
 }
 
@@ -1486,7 +1486,7 @@ QStringList hostView(Host *host)
         out << QStringLiteral("[%1] -> %2 %3").arg(pathText(path)).arg(got.first).arg(got.second.strNodeName.join(QLatin1Char('|')));
     }
     out << QStringLiteral("%1 drawers, %2 rows in the window")
-               .arg(host->parent->findChildren<DrawerControl *>().size())
+               .arg(listDrawers(host->parent.get()).size())
                .arg(secondItemCount(host->parent.get()));
     return out;
 }

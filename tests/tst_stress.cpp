@@ -45,6 +45,8 @@
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QDrag>
@@ -1917,8 +1919,12 @@ QString StressRun::check(bool full)
     if (full) {
         // Counted through the widgets: the drawers still parented to the
         // container, after deferred deletions ran.
-        const QList<DrawerControl *> children =
+        QList<DrawerControl *> children =
             m_container->findChildren<DrawerControl *>(QString(), Qt::FindDirectChildrenOnly);
+        // The hidden prototype the rows are measured on is no drawer of the list.
+        children.erase(std::remove_if(children.begin(), children.end(),
+                                      [](const DrawerControl *d) { return d->isPrototype(); }),
+                       children.end());
         if (children.size() != m.drawers.size())
             return QStringLiteral("%1 drawers in the container, expected %2").arg(children.size()).arg(m.drawers.size());
         for (const MDrawer &d : qAsConst(m.drawers)) {

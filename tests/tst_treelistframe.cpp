@@ -484,7 +484,7 @@ void tst_TreeListFrame::addRootItemOnEmptyFrame()
     QCOMPARE(d->rootItem()->getItemType(), expectedItemType);
     QCOMPARE(describe(d->getRootNodeInfo()), describe(root));
     QCOMPARE(builtRows(d).size(), childCount);
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 1);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 1);
     QCOMPARE(layoutTokens(host->frame), (QStringList{QStringLiteral("First"), QStringLiteral("S")}));
     QVERIFY(!d->acceptDrops()); // dragging is off until setIsDrag(true)
     QVERIFY(recorder.events.isEmpty());
@@ -534,7 +534,7 @@ void tst_TreeListFrame::fourAdditionsKeepListOrderAndOneStretch()
         QCOMPARE(layoutTokens(host->frame), names + QStringList{QStringLiteral("S")});
         QCOMPARE(rootIndexes(host->frame).last(), i);
     }
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 4);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 4);
     QCoreApplication::processEvents();
     QTRY_VERIFY(host->drawer(3)->y() > host->drawer(2)->y());
     for (int i = 1; i < 4; ++i)
@@ -665,7 +665,7 @@ void tst_TreeListFrame::deleteRootItemOutOfRangeDoesNothing()
         QVERIFY(!d.isNull());
         QVERIFY(!d->isHidden());
     }
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 3);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 3);
     QVERIFY(recorder.events.isEmpty());
 }
 
@@ -711,7 +711,7 @@ void tst_TreeListFrame::deleteRootItemKeepsOldIndices()
     QVERIFY(capture.lines().contains(QStringLiteral("[Tarn]::DrawerControl::releaseSelf")));
 
     QTRY_VERIFY(doomed.isNull());
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 2);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 2);
     QCOMPARE(rootIndexes(host->frame), indices);
     QVERIFY(recorder.events.isEmpty());
 }
@@ -810,7 +810,7 @@ void tst_TreeListFrame::clearTreeReleasesEveryDrawer()
     QCOMPARE(capture.lines().count(QStringLiteral("[Tarn]::DrawerControl::releaseSelf")), 3);
     for (const QPointer<DrawerControl> &d : guards)
         QTRY_VERIFY(d.isNull());
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 0);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 0);
     QCOMPARE(layoutTokens(host->frame), QStringList{QStringLiteral("S")});
     QVERIFY(recorder.events.isEmpty());
 
@@ -1298,7 +1298,7 @@ void tst_TreeListFrame::dropAloneOnlyReplacesStoredPaths()
     QTest::qWait(20);
     QCOMPARE(snapshot(host->frame), before);
     QCOMPARE(layoutTokens(host->frame), layoutBefore);
-    QCOMPARE(host->parent->findChildren<DrawerControl *>().size(), 4);
+    QCOMPARE(listDrawers(host->parent.get()).size(), 4);
     QVERIFY(recorder.events.isEmpty());
     QCOMPARE(host->frame->dragSource(), (QList<int>{0, 2}));
 }

@@ -4,6 +4,7 @@
 #include "BuiltRows.h"
 
 #include "DrawerControl.h"
+#include "SecondItem.h"
 
 QList<SecondItem *> builtRows(DrawerControl *drawer)
 {
@@ -11,4 +12,41 @@ QList<SecondItem *> builtRows(DrawerControl *drawer)
         return {};
     drawer->buildRows();
     return drawer->secondItems();
+}
+
+namespace {
+
+bool inPrototype(const QWidget *widget)
+{
+    for (const QWidget *w = widget; w; w = w->parentWidget()) {
+        const auto *drawer = qobject_cast<const DrawerControl *>(w);
+        if (drawer && drawer->isPrototype())
+            return true;
+    }
+    return false;
+}
+
+template <typename T>
+QList<T *> withoutPrototypes(const QWidget *parent)
+{
+    QList<T *> found;
+    if (!parent)
+        return found;
+    for (T *widget : parent->findChildren<T *>()) {
+        if (!inPrototype(widget))
+            found << widget;
+    }
+    return found;
+}
+
+} // namespace
+
+QList<DrawerControl *> listDrawers(const QWidget *parent)
+{
+    return withoutPrototypes<DrawerControl>(parent);
+}
+
+QList<SecondItem *> listRowWidgets(const QWidget *parent)
+{
+    return withoutPrototypes<SecondItem>(parent);
 }

@@ -7,6 +7,7 @@
 #include <QScopedPointer>
 
 class DrawerControl;
+class QWidget;
 class SecondItem;
 
 // The child rows of @p drawer as widgets. A drawer builds them on its first
@@ -17,3 +18,9 @@ inline QList<SecondItem *> builtRows(const QScopedPointer<DrawerControl> &drawer
 {
     return builtRows(drawer.data());
 }
+
+// The drawers under @p parent as widgets, without the hidden prototypes
+// that a list measures its rows on.
+QList<DrawerControl *> listDrawers(const QWidget *parent);
+// The child rows under @p parent as widgets, likewise.
+QList<SecondItem *> listRowWidgets(const QWidget *parent);

@@ -30,25 +30,6 @@ QWidget *containerOf(SignalTreeList *list)
     return area ? area->widget() : nullptr;
 }
 
-// A label's width as the row's last text fit left it (-1: never fitted).
-int lineWidth(const QLabel *label)
-{
-    return label && label->minimumWidth() == label->maximumWidth() ? label->minimumWidth() : -1;
-}
-
-RowMetrics::ChildLook childLook(const SecondItem *row)
-{
-    RowMetrics::ChildLook look;
-    look.state = row->property("isSecondItem").toString();
-    look.keyFocus = row->property("isKeyFocus").toBool();
-    const auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
-    const auto *lower = row->findChild<QLabel *>(QStringLiteral("m_qlDown"));
-    look.upperShown = upper && !upper->isHidden();
-    look.lowerShown = lower && !lower->isHidden();
-    look.lineWidth = lineWidth(upper);
-    return look;
-}
-
 RowMetrics::RootLook rootLook(const RootItem *row)
 {
     RowMetrics::RootLook look;
@@ -215,7 +196,7 @@ QStringList LayoutCheck::differences()
             row.key = d->rowKey(c);
             row.initial = metrics.initialChild();
             if (const SecondItem *item = rows.value(c)) {
-                row.metrics = metrics.child(childLook(item));
+                row.metrics = metrics.child(RowMetrics::lookOf(item));
                 row.empty = item->isHidden();
             }
             drawer.rows << row;

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#ifndef SIGNALTREELIST_ROWSLOT_H
+#define SIGNALTREELIST_ROWSLOT_H
+
+// Internal: not installed, not part of the library's interface.
+
+#include "LayoutSlots.h"
+#include "RowMetrics.h"
+
+#include <QPointer>
+#include <QtGlobal>
+
+class RowMetrics;
+class SecondItem;
+class QWidget;
+
+/**
+ * A child row in its drawer's layout: sized by the metrics of its look
+ * (RowMetrics), not by asking the widget, and placing the widget where the
+ * layout puts it, as QWidgetItem would. A row that is not a widget can have
+ * a slot all the same.
+ */
+class RowSlot : public LeafSlot
+{
+public:
+    RowSlot(SecondItem *row, RowMetrics *metrics);
+
+    SecondItem *row() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+    QSize maximumSize() const override;
+    Qt::Orientations expandingDirections() const override;
+    bool isEmpty() const override;
+    void setGeometry(const QRect &rect) override;
+    /// The row, so that Qt's layout drops the slot when the row leaves.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    QWidget *widget() const override;
+#else
+    QWidget *widget() override; // not const before Qt 6
+#endif
+
+    /// Puts @p row, just added to @p layout's widget, on screen the way a
+    /// layout does for a widget it is given (in the next turn of the event
+    /// loop, when the parent is on screen).
+    static void showLater(QWidget *row);
+
+private:
+    /// The metrics of the row's look of the moment.
+    void refresh() const;
+
+    QPointer<SecondItem> m_row;
+    // The same, for Qt's layout to find it even while the row is being
+    // deleted (when guarded pointers to it already read null).
+    QWidget *m_widget;
+    // The list's: a drawer that outlives its list keeps the last metrics.
+    QPointer<RowMetrics> m_metrics;
+};
+
+#endif // SIGNALTREELIST_ROWSLOT_H
