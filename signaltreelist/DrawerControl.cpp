@@ -51,7 +51,7 @@ DrawerControl::DrawerControl(QWidget *parent)
     , m_pDrag(nullptr)
     , m_pPending(s_bDeferRows ? std::make_unique<PendingRows>() : nullptr)
     , m_quRootKey(nextRowKey())
-    , m_bRowSlots(s_bDeferRows)
+    , m_bRowSlots(false)
 {
     setIsDrag(false);
 }
@@ -141,8 +141,9 @@ void DrawerControl::createBatch(const QList<st_NodeInfoSignal> &nodes, int n, in
         else if (rootNode.iType == 0)
             pItem->setToolTip(node.strSourceName);
         m_lstSecondItem.append(pItem);
-        connect(pItem, SIGNAL(signal_OnItemClicked()), this, SLOT(slot_OnSecondItemClicked()));
-        connectSecondItemButtons(pItem);
+        if (m_bRowSlots)
+            m_lstSlots.append(newSlot(pItem));
+        connectRow(pItem);
         pItem->setPressed(i == 0);
         ++n;
     }
@@ -160,24 +161,32 @@ void DrawerControl::createBatch(const QList<st_NodeInfoSignal> &nodes, int n, in
         m_pChildLayout->invalidate();
         if (QWidget *pWidget = pLast->widget())
             taken.insert(pWidget);
-        delete pLast; // the item only, never its widget
+        if (!dynamic_cast<RowSlot *>(pLast))
+            delete pLast; // the item only, never its widget; slots are kept
     }
-    if (m_bRowSlots && m_pRowMetrics) {
+    if (m_bRowSlots) {
         // Rows still in the layout go to the end when re-added, as widgets
         // re-added to a layout leave their old place.
         for (int i = m_pChildLayout->count() - 1; i >= 0; --i) {
-            if (m_pChildLayout->itemAt(i)->widget())
-                delete m_pChildLayout->takeAt(i);
+            if (dynamic_cast<RowSlot *>(m_pChildLayout->itemAt(i)))
+                m_pChildLayout->takeAt(i);
         }
     }
     m_pChildLayout->addSpacing(8);
-    for (SecondItem *pItem : qAsConst(m_lstSecondItem)) {
+    for (int i = 0; i < m_lstSecondItem.size(); ++i) {
+        SecondItem *pItem = m_lstSecondItem.at(i);
+        if (m_bRowSlots) {
+            m_pChildLayout->addItem(m_lstSlots.at(i));
+            if (pItem)
+                RowSlot::showLater(pItem);
+            continue;
+        }
         // A row taken out above is in no layout. Qt searches the whole
         // layout for the old place of every widget flagged as laid out, and
         // addWidget() flags it again: clearing the flag spares that search.
         if (taken.contains(pItem))
             pItem->setAttribute(Qt::WA_LaidOut, false);
-        layOutRow(pItem);
+        m_pChildLayout->addWidget(pItem);
     }
 
     if (!locked)
@@ -247,20 +256,15 @@ void DrawerControl::buildRows()
     }
 }
 
-void DrawerControl::layOutRow(SecondItem *pItem)
-{
-    if (m_bRowSlots && m_pRowMetrics) {
-        m_pChildLayout->addItem(new RowSlot(pItem, m_pRowMetrics));
-        RowSlot::showLater(pItem);
-    } else {
-        m_pChildLayout->addWidget(pItem);
-    }
-}
-
 void DrawerControl::adoptRow(SecondItem *pItem)
 {
     layOutRow(pItem);
     m_lstSecondItem.append(pItem);
+    connectRow(pItem);
+}
+
+void DrawerControl::connectRow(SecondItem *pItem)
+{
     connect(pItem, &SecondItem::signal_OnItemClicked, this, &DrawerControl::slot_OnSecondItemClicked);
     connectSecondItemButtons(pItem);
 }
@@ -307,8 +311,15 @@ void DrawerControl::deleteSecondItem(int childIndex)
         return;
     }
     SecondItem *pItem = m_lstSecondItem.takeAt(childIndex);
+    RowSlot *pSlot = m_bRowSlots ? m_lstSlots.takeAt(childIndex) : nullptr;
+    if (!pItem) {
+        // Parked: no widget leaves, so the layout is told as it would be.
+        m_pChildLayout->removeItem(pSlot);
+        delete pSlot;
+        return;
+    }
     // A row removed from inside its own handler leaves the screen now and
-    // is freed when that handler returns.
+    // is freed when that handler returns; its slot goes with it.
     if (!HandlerGuard::deferDeletion(pItem))
         delete pItem;
 }
@@ -327,7 +338,7 @@ int DrawerControl::getSecondNodeInfo(int childIndex, st_NodeInfoSignal &out)
 {
     if (childIndex < 0 || childIndex >= rowCount())
         return 0;
-    out = m_pPending ? m_pPending->record(childIndex) : m_lstSecondItem.at(childIndex)->getNodeInfo();
+    out = rowRecord(childIndex);
     return 1;
 }
 
@@ -351,7 +362,9 @@ void DrawerControl::modifySecondItemData(int childIndex, const st_NodeInfoSignal
 
 void DrawerControl::applyRecord(int childIndex, const st_NodeInfoSignal &node, const st_NodeInfoSignal &rootNode)
 {
-    SecondItem *pItem = m_lstSecondItem.at(childIndex);
+    SecondItem *pItem = realiseRow(childIndex);
+    if (!pItem)
+        return;
     pItem->setNodeInfo(node);
     // The mirror image of the rule in addSecondItems, on purpose.
     if (rootNode.iType == 0)
@@ -418,8 +431,12 @@ void DrawerControl::setRootIndex(int index)
 
 void DrawerControl::renumberRows()
 {
-    for (int i = 0; i < m_lstSecondItem.size(); ++i)
-        m_lstSecondItem.at(i)->setChildIndex(i);
+    for (int i = 0; i < m_lstSecondItem.size(); ++i) {
+        if (SecondItem *pItem = m_lstSecondItem.at(i))
+            pItem->setChildIndex(i);
+        else
+            m_lstSlots.at(i)->parked()->childIndex = i;
+    }
 }
 
 void DrawerControl::releaseSelf()
@@ -493,8 +510,14 @@ void DrawerControl::showSelectedLook(int index)
 
 void DrawerControl::pressRow(int index)
 {
-    for (int i = 0; i < m_lstSecondItem.size(); ++i)
-        m_lstSecondItem.at(i)->setPressed(i == index);
+    for (int i = 0; i < m_lstSecondItem.size(); ++i) {
+        // A parked row that already looks so stays parked.
+        const ChildRowState *parked = m_lstSecondItem.at(i) ? nullptr : m_lstSlots.at(i)->parked();
+        if (parked && SecondItem::pressKeeps(*parked, i == index))
+            continue;
+        if (SecondItem *pItem = realiseRow(i))
+            pItem->setPressed(i == index);
+    }
 }
 
 quint64 DrawerControl::rowKey(int index) const
@@ -516,7 +539,11 @@ st_NodeInfoSignal DrawerControl::rowRecord(int index) const
 {
     if (index < 0 || index >= rowCount())
         return st_NodeInfoSignal();
-    return m_pPending ? m_pPending->record(index) : m_lstSecondItem.at(index)->getNodeInfo();
+    if (m_pPending)
+        return m_pPending->record(index);
+    if (const SecondItem *pItem = m_lstSecondItem.at(index))
+        return pItem->getNodeInfo();
+    return m_lstSlots.at(index)->parked()->record;
 }
 
 bool DrawerControl::rowLooksSelected(int index) const
@@ -525,7 +552,9 @@ bool DrawerControl::rowLooksSelected(int index) const
         return false;
     if (m_pPending)
         return m_pPending->rows().at(index).pressed;
-    return m_lstSecondItem.at(index)->property("isSecondItem").toString() == QLatin1String("press");
+    if (const SecondItem *pItem = m_lstSecondItem.at(index))
+        return pItem->property("isSecondItem").toString() == QLatin1String("press");
+    return m_lstSlots.at(index)->parked()->look == QLatin1String("press");
 }
 
 bool DrawerControl::rowOffersButton(int index, bool edit) const
@@ -541,8 +570,10 @@ bool DrawerControl::rowOffersButton(int index, bool edit) const
         const ButtonFlags &flags = m_pPending->rows().at(index).buttons;
         return edit ? flags.edit : flags.remove;
     }
-    const SecondItem *pItem = m_lstSecondItem.at(index);
-    return edit ? pItem->showsEditButton() : pItem->showsDeleteButton();
+    if (const SecondItem *pItem = m_lstSecondItem.at(index))
+        return edit ? pItem->showsEditButton() : pItem->showsDeleteButton();
+    const ButtonFlags &flags = m_lstSlots.at(index)->parked()->buttons;
+    return edit ? flags.edit : flags.remove;
 }
 
 SecondItem *DrawerControl::builtRow(int index) const
@@ -557,7 +588,10 @@ int DrawerControl::childSpacings() const
 
 void DrawerControl::setRowMetrics(RowMetrics *metrics)
 {
+    // Decided before any row exists: only drawers that wait for their
+    // first expansion (the list as shipped) lay their rows out by slots.
     m_pRowMetrics = metrics;
+    m_bRowSlots = metrics && m_pPending && m_pPending->rowCount() == 0 && m_lstSecondItem.isEmpty();
 }
 
 void DrawerControl::setPrototype()
@@ -658,6 +692,7 @@ void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
     m_bIsShowChild = bIsShow;
     if (m_pContainer)
         m_pContainer->setVisible(bIsShow);
+    noteRowsMoved();
 }
 
 void DrawerControl::slot_OnEditBtnClicked()

@@ -13,6 +13,7 @@
 #include <QPointer>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 
 class PendingRows;
@@ -22,6 +23,8 @@ class QFrame;
 class QPixmap;
 class QVBoxLayout;
 class RootItem;
+class RowSlot;
+struct ChildRowState;
 class SecondItem;
 
 /**
@@ -143,6 +146,30 @@ public:
     /// once (the test switch) keep asking them.
     void setRowMetrics(RowMetrics *metrics);
 
+    // Rows laid out by slots are widgets only while they may be seen: the
+    // others are parked in their slots as their state.
+    /// Child row @p index as a widget: built if it waits for the first
+    /// expansion, made again if it is parked; null when there is none.
+    SecondItem *realiseRow(int index);
+    /// Realises the child rows that touch @p band (the container's
+    /// coordinates) and parks the others that can go. With @p shown false
+    /// (the children are not on screen) every row that can go is parked;
+    /// with @p park false none is.
+    void placeRows(const QRect &band, bool shown, bool park = true);
+    /// Where child row @p index is, in the container's coordinates.
+    QRect rowGeometry(int index) const;
+    /// Child rows that are widgets now.
+    int realisedRows() const;
+    /// Gives a parked row the keyboard focus look, or takes it away, as the
+    /// "isKeyFocus" property does to the widget; false when the row is no
+    /// parked one or the look would resize it (then the widget must do it).
+    bool setParkedRowFocus(int index, bool focused);
+    /// Child row @p index as it is kept while parked, or null.
+    const ChildRowState *parkedRow(int index) const;
+    /// Called when a row was placed anew or the children were shown or
+    /// hidden: what is on screen may have changed.
+    void setRowsMovedHandler(std::function<void()> handler);
+
     // Read access for the container's diagnostics and for tests.
     RootItem *rootItem() const;
     /// The built child rows (none while they wait for the first expansion).
@@ -193,6 +220,13 @@ private:
     void adoptRow(SecondItem *pItem);
     /// Adds @p pItem at the end of the child layout.
     void layOutRow(SecondItem *pItem);
+    void connectRow(SecondItem *pItem);
+    RowSlot *newSlot(SecondItem *pItem);
+    /// Whether row @p index is a widget that may be parked now.
+    bool parkable(int index) const;
+    void parkRow(int index);
+    /// Tells the frame that what is on screen may have changed.
+    void noteRowsMoved();
     void pressRow(int index);
     /// The selected look on row @p index, built or waiting.
     void showSelectedLook(int index);
@@ -235,6 +269,9 @@ private:
     /// Rows laid out by slots (the list as shipped), with these metrics.
     bool m_bRowSlots;
     QPointer<RowMetrics> m_pRowMetrics;
+    /// The slot of every child row, in row order (rows laid out by slots).
+    QVector<RowSlot *> m_lstSlots;
+    std::function<void()> m_rowsMoved;
     static bool s_bDeferRows;
 };
 

@@ -108,10 +108,11 @@ int DrawerControl::secondItemIndexAt(const QPoint &globalPos)
             return -1;
         return QRect(m_pContainer->mapToGlobal(QPoint(0, 0)), newRowSize()).contains(globalPos) ? 0 : -1;
     }
+    if (!m_pContainer)
+        return -1;
+    const QPoint inContainer = m_pContainer->mapFromGlobal(globalPos);
     for (int i = 0; i < m_lstSecondItem.size(); ++i) {
-        const SecondItem *pItem = m_lstSecondItem.at(i);
-        const QRect rect(pItem->mapToGlobal(QPoint(0, 0)), pItem->size());
-        if (rect.contains(globalPos))
+        if (rowGeometry(i).contains(inContainer))
             return i;
     }
     return -1;

@@ -70,7 +70,13 @@ RowRef KeyboardNavigator::focusRow() const
 
 void KeyboardNavigator::publish(const RowRef &row, bool focused)
 {
+    // A parked row loses the look where it is kept; one that gets it is
+    // made a widget, as it is about to be scrolled into view.
     QWidget *widget = ShownRows::widget(row);
+    if (!widget && !focused && row.drawer && !row.isRoot() && row.drawer->setParkedRowFocus(row.childIndex(), false))
+        return;
+    if (!widget)
+        widget = ShownRows::realise(row);
     if (!widget || widget->property(kKeyFocusProperty).toBool() == focused)
         return;
     widget->setProperty(kKeyFocusProperty, focused);

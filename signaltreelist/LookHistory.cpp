@@ -42,6 +42,17 @@ void LookHistory::add(Event event)
     m_events.append(char(event));
 }
 
+bool LookHistory::focusLook() const
+{
+    if (!m_polished)
+        return m_look.focused;
+    for (int i = m_events.size() - 1; i >= 0; --i) {
+        if (m_events.at(i) == char(FocusOn) || m_events.at(i) == char(FocusOff))
+            return m_events.at(i) == char(FocusOn);
+    }
+    return false;
+}
+
 void LookHistory::writeLook()
 {
     if (m_look.pressed != m_written.pressed)

@@ -40,6 +40,8 @@ public:
     /// The events, one byte each, oldest first.
     const QByteArray &events() const { return m_events; }
     bool polished() const { return m_polished; }
+    /// Whether the row has the keyboard focus look now.
+    bool focusLook() const;
 
 private:
     struct Look

@@ -3,6 +3,8 @@
 
 #include "RowMetrics.h"
 
+#include "ChildRowState.h"
+
 #include "DrawerControl.h"
 #include "LookHistory.h"
 #include "RepolishGuard.h"
@@ -157,6 +159,17 @@ RowMetrics::ChildLook RowMetrics::lookOf(const SecondItem *row)
     look.lowerShown = lower && !lower->isHidden();
     // The width the last text fit gave the lines (-1: never fitted).
     look.lineWidth = upper && upper->minimumWidth() == upper->maximumWidth() ? upper->minimumWidth() : -1;
+    return look;
+}
+
+RowMetrics::ChildLook RowMetrics::lookOf(const ChildRowState &state)
+{
+    ChildLook look;
+    look.state = state.look;
+    look.keyFocus = state.history.focusLook();
+    look.upperShown = state.lineShown[0];
+    look.lowerShown = state.lineShown[1];
+    look.lineWidth = state.lines.width[0];
     return look;
 }
 

@@ -19,6 +19,7 @@
 class DrawerControl;
 class QWidget;
 class SecondItem;
+struct ChildRowState;
 
 /**
  * What a layout asks of rows, drawers and row containers in each look,
@@ -58,6 +59,8 @@ public:
     SlotMetrics child(const ChildLook &look);
     /// The look of @p row as it is now.
     static ChildLook lookOf(const SecondItem *row);
+    /// The look of a row kept as @p state.
+    static ChildLook lookOf(const ChildRowState &state);
     /// The fonts of a child row's name lines (upper, lower) after the look
     /// history @p history (LookHistory::events()): a new row is put through
     /// that history among the prototypes.

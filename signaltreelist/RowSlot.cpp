@@ -15,14 +15,45 @@ RowSlot::RowSlot(SecondItem *row, RowMetrics *metrics)
 {
 }
 
+RowSlot::~RowSlot() = default;
+
 SecondItem *RowSlot::row() const
 {
     return m_row;
 }
 
+ChildRowState *RowSlot::parked() const
+{
+    return m_parked.get();
+}
+
+void RowSlot::park(std::unique_ptr<ChildRowState> state, const QSize &size)
+{
+    m_parked = std::move(state);
+    m_parkedSize = size;
+    m_row = nullptr;
+    m_widget = nullptr;
+}
+
+void RowSlot::unpark(SecondItem *row)
+{
+    m_parked.reset();
+    m_row = row;
+    m_widget = row;
+}
+
+void RowSlot::setPlacedHandler(std::function<void()> handler)
+{
+    m_placed = std::move(handler);
+}
+
 void RowSlot::refresh() const
 {
-    if (m_row && m_metrics)
+    if (!m_metrics)
+        return;
+    if (m_parked)
+        const_cast<RowSlot *>(this)->setMetrics(m_metrics->child(RowMetrics::lookOf(*m_parked)));
+    else if (m_row)
         const_cast<RowSlot *>(this)->setMetrics(m_metrics->child(RowMetrics::lookOf(m_row)));
 }
 
@@ -52,7 +83,10 @@ Qt::Orientations RowSlot::expandingDirections() const
 
 bool RowSlot::isEmpty() const
 {
-    // As QWidgetItem: a hidden row takes no room.
+    // As QWidgetItem: a hidden row takes no room. Only rows on screen are
+    // parked, and a parked row stays as it was.
+    if (m_parked)
+        return false;
     return !m_row || m_row->isHidden();
 }
 
@@ -61,8 +95,23 @@ void RowSlot::setGeometry(const QRect &rect)
     if (isEmpty())
         return;
     refresh();
+    const QRect before = LeafSlot::geometry();
     LeafSlot::setGeometry(rect);
-    m_row->setGeometry(LeafSlot::geometry());
+    const QRect now = LeafSlot::geometry();
+    if (m_row) {
+        m_row->setGeometry(now);
+    } else if (m_parked && m_metrics && now.size() != m_parkedSize) {
+        // The widget would have been resized, and resizing fits its lines
+        // with the fonts it has then. (Its size is its own: a look with
+        // other bounds resizes it at once, before the layout runs.)
+        const QPair<QFont, QFont> fonts = m_metrics->childFonts(m_parked->history.events());
+        SecondItem::fitState(*m_parked, fonts.first, fonts.second);
+        m_parkedSize = now.size();
+    }
+    const bool first = !m_laidOut;
+    m_laidOut = true;
+    if ((first || now != before) && m_placed)
+        m_placed();
 }
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)

@@ -6,28 +6,49 @@
 
 // Internal: not installed, not part of the library's interface.
 
+#include "ChildRowState.h"
 #include "LayoutSlots.h"
 #include "RowMetrics.h"
 
 #include <QPointer>
 #include <QtGlobal>
 
-class RowMetrics;
+#include <functional>
+#include <memory>
+
 class SecondItem;
 class QWidget;
 
 /**
  * A child row in its drawer's layout: sized by the metrics of its look
  * (RowMetrics), not by asking the widget, and placing the widget where the
- * layout puts it, as QWidgetItem would. A row that is not a widget can have
- * a slot all the same.
+ * layout puts it, as QWidgetItem would.
+ *
+ * A row that is not a widget keeps its slot: it is parked there as its
+ * state (ChildRowState), takes the same room and, when the layout gives it
+ * another size, fits its name lines again as the widget would have on its
+ * resize.
  */
 class RowSlot : public LeafSlot
 {
 public:
     RowSlot(SecondItem *row, RowMetrics *metrics);
+    ~RowSlot() override;
 
+    /// The row's widget, or null while it is parked.
     SecondItem *row() const;
+    /// The row as its state while it is parked, or null.
+    ChildRowState *parked() const;
+    /// Takes the row's widget out of the slot and keeps @p state instead;
+    /// the widget may go (it is no longer this slot's). @p size is the
+    /// widget's size then.
+    void park(std::unique_ptr<ChildRowState> state, const QSize &size);
+    /// Puts @p row, made again from the parked state, back in the slot.
+    void unpark(SecondItem *row);
+    /// Whether a layout has placed the row since it got its slot.
+    bool laidOut() const { return m_laidOut; }
+    /// Called whenever the layout moves or resizes the row.
+    void setPlacedHandler(std::function<void()> handler);
 
     QSize sizeHint() const override;
     QSize minimumSize() const override;
@@ -55,8 +76,12 @@ private:
     // The same, for Qt's layout to find it even while the row is being
     // deleted (when guarded pointers to it already read null).
     QWidget *m_widget;
+    std::unique_ptr<ChildRowState> m_parked;
+    QSize m_parkedSize;
     // The list's: a drawer that outlives its list keeps the last metrics.
     QPointer<RowMetrics> m_metrics;
+    std::function<void()> m_placed;
+    bool m_laidOut = false;
 };
 
 #endif // SIGNALTREELIST_ROWSLOT_H

@@ -19,6 +19,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPixmap>
+#include <QResizeEvent>
 #include <QStyle>
 #include <QToolButton>
 #include <QVariant>
@@ -33,6 +34,8 @@ constexpr int kIconHeight = 20;
 constexpr int kButtonGap = 8;
 // Room kept beside the text column besides the icon.
 constexpr int kTextReserve = 28;
+// The width the icon and both name lines share, whatever the row's width.
+constexpr int kTextWidthBudget = 200;
 
 // Several type numbers share one connector picture; anything unlisted
 // (15, negatives, unknown future types) gets the "unknown" picture.
@@ -124,7 +127,7 @@ SecondItem::SecondItem(QWidget *parent)
     , m_stNodeInfo()
     , m_iRootIndex(0)
     , m_iChildIndex(0)
-    , m_iTextWidthBudget(200)
+    , m_iTextWidthBudget(kTextWidthBudget)
     , m_strUpperText()
     , m_strDownText()
 {
@@ -413,6 +416,37 @@ void SecondItem::restoreState(const ChildRowState &state)
     m_qfBtns->setVisible(state.buttonFrameShown);
 }
 
+void SecondItem::placeRestored(const QRect &rect)
+{
+    // The resize that places the row would fit its lines with the fonts of
+    // now; they were fitted when the row last changed size, and stay so.
+    m_bKeepLines = true;
+    setGeometry(rect);
+    if (testAttribute(Qt::WA_PendingResizeEvent)) {
+        QResizeEvent resize(size(), QSize());
+        QCoreApplication::sendEvent(this, &resize);
+        setAttribute(Qt::WA_PendingResizeEvent, false);
+    }
+    m_bKeepLines = false;
+}
+
+void SecondItem::fitState(ChildRowState &state, const QFont &upper, const QFont &lower)
+{
+    const int limit = kTextWidthBudget - kTextReserve - kIconWidth;
+    const QFontMetrics upperMetrics(upper);
+    const QFontMetrics downMetrics(lower);
+    const QFontMetrics *const metrics[2] = {&upperMetrics, &downMetrics};
+    const int widths[2] = {upperMetrics.horizontalAdvance(state.fullText[0]),
+                           downMetrics.horizontalAdvance(state.fullText[1])};
+    TextFit::fit(state.lines, state.fullText, widths, metrics, limit);
+}
+
+bool SecondItem::pressKeeps(const ChildRowState &state, bool pressed)
+{
+    return state.pressed == pressed && state.upperOnline == pressed
+        && state.look == (pressed ? QLatin1String("press") : QLatin1String("normal"));
+}
+
 void SecondItem::setOpBtnShow(QList<bool> lstShow)
 {
     // Only the flags change; the buttons follow on the next hover.
@@ -570,7 +604,7 @@ void SecondItem::resizeEvent(QResizeEvent *event)
     // The text budget is fixed, so a resize refits against the same limit
     // whatever the new width is.
     Q_UNUSED(event)
-    if (!m_qlUpper || !m_qlDown)
+    if (!m_qlUpper || !m_qlDown || m_bKeepLines)
         return;
     fitTexts();
 }

@@ -81,6 +81,15 @@ public:
     /// says: the look history is gone through again (it decides the fonts),
     /// then the lines are shown as they were fitted.
     void restoreState(const ChildRowState &state);
+    /// Puts a row just made again with restoreState() at @p rect, its
+    /// place in the layout: its lines stay as they were fitted for it.
+    void placeRestored(const QRect &rect);
+    /// Fits the name lines of a row kept as @p state, as a resize of the
+    /// widget fits them with these fonts.
+    static void fitState(ChildRowState &state, const QFont &upper, const QFont &lower);
+    /// Whether setPressed(@p pressed) would leave a row kept as @p state
+    /// looking as it does.
+    static bool pressKeeps(const ChildRowState &state, bool pressed);
 
 signals:
     void signal_OnItemClicked();
@@ -140,6 +149,8 @@ private:
     LookHistory m_lookHistory;
     // Set only while setNodeInfo() runs.
     TextWidthMemo *m_pWidthMemo = nullptr;
+    // Set while a row made again is put in its place.
+    bool m_bKeepLines = false;
 };
 
 #endif // SIGNALTREELIST_SECONDITEM_H

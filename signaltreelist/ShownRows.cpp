@@ -123,7 +123,7 @@ QWidget *realise(const RowRef &row)
     if (!row.exists())
         return nullptr;
     if (!row.isRoot())
-        drawer->buildRows();
+        return drawer->realiseRow(row.childIndex());
     return widget(row);
 }
 
@@ -164,8 +164,13 @@ bool offersButton(const RowRef &row, bool edit)
 
 QRect screenRect(const RowRef &row)
 {
-    const QWidget *w = widget(row);
-    return w ? QRect(w->mapToGlobal(QPoint(0, 0)), w->size()) : QRect();
+    if (const QWidget *w = widget(row))
+        return QRect(w->mapToGlobal(QPoint(0, 0)), w->size());
+    // A row that is no widget now is where its slot is.
+    const QRect place = row.drawer && !row.isRoot() ? row.drawer->rowGeometry(row.childIndex()) : QRect();
+    if (place.isNull() || !row.drawer->childContainer())
+        return QRect();
+    return QRect(row.drawer->childContainer()->mapToGlobal(place.topLeft()), place.size());
 }
 
 void activate(const RowRef &row)

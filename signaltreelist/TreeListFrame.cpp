@@ -7,6 +7,7 @@
 #include "HandlerGuard.h"
 #include "QtCompat.h"
 #include "RowMetrics.h"
+#include "RowRealiser.h"
 #include "StyleConstants.h"
 #include "TreeListObserver.h"
 
@@ -71,6 +72,7 @@ void TreeListFrame::initControls()
     m_pScrollArea->setWidget(m_pDrawerContainer);
     m_pMainLayout->addWidget(m_pScrollArea);
     m_pRowMetrics.reset(new RowMetrics(m_pDrawerContainer));
+    m_pRealiser = new RowRealiser(m_pScrollArea, [this] { return m_lstDrawers; });
 }
 
 void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
@@ -81,6 +83,10 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
 
     DrawerControl *pDrawer = new DrawerControl(m_pDrawerContainer);
     pDrawer->setRowMetrics(m_pRowMetrics.get());
+    pDrawer->setRowsMovedHandler([realiser = m_pRealiser] {
+        if (realiser)
+            realiser->schedule();
+    });
     pDrawer->initRootItem(rootNode.iType == 0 ? 1 : 0, position);
     pDrawer->setIsDrag(m_bIsDrag);
     pDrawer->modifyRootItemData(rootNode);
@@ -349,6 +355,12 @@ void TreeListFrame::setObserver(TreeListObserver *observer, QObject *lifetime)
 {
     m_pObserver = observer;
     m_pObserverLifetime = lifetime;
+}
+
+void TreeListFrame::placeRowsNow()
+{
+    if (m_pRealiser)
+        m_pRealiser->pass();
 }
 
 QScrollArea *TreeListFrame::scrollArea() const

@@ -17,6 +17,7 @@
 class DrawerControl;
 class QHBoxLayout;
 class RowMetrics;
+class RowRealiser;
 class TreeListObserver;
 class QScrollArea;
 class QVBoxLayout;
@@ -70,6 +71,9 @@ public:
     void setObserver(TreeListObserver *observer, QObject *lifetime);
     /// The scroll area that shows the drawers (null before initControls).
     QScrollArea *scrollArea() const;
+    /// Decides now, not in the next turn of the event loop, which child
+    /// rows are widgets: those in or near the viewport.
+    void placeRowsNow();
 
     // Read access for tests and diagnostics.
     QList<DrawerControl *> drawers() const;
@@ -120,6 +124,7 @@ private:
     TreeListObserver *m_pObserver = nullptr;
     /// What rows of each look measure, for the drawers' layouts.
     std::unique_ptr<RowMetrics> m_pRowMetrics;
+    QPointer<RowRealiser> m_pRealiser;
     QPointer<QObject> m_pObserverLifetime;
     static bool s_bRebuildEveryTime;
 };

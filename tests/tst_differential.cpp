@@ -38,6 +38,8 @@
 #include "TreeListFrame.h"
 #include "TreeText.h"
 
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDrag>
@@ -137,13 +139,13 @@ const char *moodName(Mood mood)
 // The kinds of step, and how often each comes in a mood.
 enum Kind {
     AddRoot, AddChild, DeleteRoot, DeleteChild, Modify, SetCurrent, ShowChildren, SetDrag, Clear, Update,
-    Click, Hover, Key, DragRow, KindCount
+    Click, Hover, Key, DragRow, Scroll, Resize, KindCount
 };
 // Mixed, closed, and any mood while the windows are not shown yet.
 const int kWeights[3][KindCount] = {
-    {14, 8, 5, 7, 12, 7, 10, 2, 1, 2, 14, 6, 12, 8},
-    {8, 12, 2, 4, 30, 12, 5, 1, 1, 2, 10, 5, 8, 3},
-    {8, 12, 2, 4, 30, 12, 8, 1, 1, 2, 0, 0, 0, 0},
+    {14, 8, 5, 7, 12, 7, 10, 2, 1, 2, 14, 6, 12, 8, 10, 2},
+    {8, 12, 2, 4, 30, 12, 5, 1, 1, 2, 10, 5, 8, 3, 8, 2},
+    {8, 12, 2, 4, 30, 12, 8, 1, 1, 2, 0, 0, 0, 0, 0, 1},
 };
 
 class Script
@@ -389,6 +391,26 @@ Step makeStep(Script &s, const Side &reference, bool windowsShown)
                     if (row && leave)
                         EventSender::sendLeave(row);
                 }};
+    }
+    if (kind == Scroll) {
+        // Anywhere in the range: rows far off come into view, rows in view
+        // leave it.
+        const int percent = s.chance(20) ? (s.chance(50) ? 0 : 100) : s.pick(101);
+        return {QStringLiteral("scroll to %1%").arg(percent), [percent](Side &side) {
+                    TreeListFrame *frame = side.frame();
+                    QScrollArea *area = frame ? frame->scrollArea() : nullptr;
+                    if (!area)
+                        return;
+                    QScrollBar *bar = area->verticalScrollBar();
+                    bar->setValue(bar->minimum() + (bar->maximum() - bar->minimum()) * percent / 100);
+                }};
+    }
+    if (kind == Resize) {
+        // Rows get other widths: they fit their lines again.
+        const int width = 300 + 20 * s.pick(9);
+        const int height = 360 + 40 * s.pick(6);
+        return {QStringLiteral("window %1x%2").arg(width).arg(height),
+                [width, height](Side &side) { side.window->resize(width, height); }};
     }
     static const QList<int> keys{Qt::Key_Down, Qt::Key_Up,  Qt::Key_Space, Qt::Key_Right, Qt::Key_Left,
                                  Qt::Key_F2,   Qt::Key_End, Qt::Key_Home,  Qt::Key_Delete, Qt::Key_Down};

@@ -213,7 +213,7 @@ QStringList rowsWithFocusLook(Host *host)
     for (DrawerControl *d : host->frame()->drawers()) {
         if (d->rootItem()->property("isKeyFocus").toBool())
             names << nameOf(d->rootItem());
-        for (SecondItem *row : d->secondItems()) {
+        for (SecondItem *row : builtRows(d)) {
             if (row->property("isKeyFocus").toBool())
                 names << nameOf(row);
         }

@@ -37,6 +37,7 @@
 // the shortest failing prefix of the sequence it finds by re-running
 // prefixes with the same seed on a fresh control.
 
+#include "ChildRowState.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
 #include "RootItem.h"
@@ -212,7 +213,10 @@ struct MChild
     st_NodeInfoSignal rec;
     int storedIndex = 0; // the index the row was created with, never renumbered
     bool showEdit = false, showDelete = false, showCapture = false, showFourth = false;
-    QPointer<SecondItem> widget; // identity, filled in when first seen
+    // The row's widget while it is one: rows off screen are parked and made
+    // again, so a row is known by its key.
+    QPointer<SecondItem> widget;
+    quint64 key = 0; // identity, filled in when first seen
 };
 
 struct MDrawer
@@ -733,8 +737,10 @@ QList<QPair<int, int>> StressRun::visibleRows()
     if (!frameShown())
         return rows;
     for (int i = 0; i < m.drawers.size(); ++i) {
-        const MDrawer &d = m.drawers.at(i);
+        MDrawer &d = m.drawers[i];
         for (int j = 0; j < d.children.size(); ++j) {
+            // The widgets of the moment: a row parked since has none.
+            d.children[j].widget = d.widget ? d.widget->builtRow(j) : nullptr;
             if (d.children.at(j).widget && d.children.at(j).widget->isVisible())
                 rows << qMakePair(i, j);
         }
@@ -1054,11 +1060,10 @@ void StressRun::deleteChildePath(const QList<int> &path)
 QPair<int, int> StressRun::findRow(const SecondItem *row) const
 {
     for (int i = 0; row && i < m.drawers.size(); ++i) {
-        const QList<MChild> &children = m.drawers.at(i).children;
-        for (int j = 0; j < children.size(); ++j) {
-            if (children.at(j).widget == row)
-                return qMakePair(i, j);
-        }
+        const DrawerControl *drawer = m.drawers.at(i).widget;
+        const int j = drawer ? drawer->secondItems().indexOf(const_cast<SecondItem *>(row)) : -1;
+        if (j >= 0 && j < m.drawers.at(i).children.size())
+            return qMakePair(i, j);
     }
     return qMakePair(-1, -1);
 }
@@ -1895,17 +1900,34 @@ QString StressRun::check(bool full)
             MChild &c = d.children[j];
             SecondItem *row = rows.at(j);
             const QString at = where + QStringLiteral("row %1: ").arg(j);
-            if (!row)
-                return at + QStringLiteral("null row");
-            if (!c.widget) {
+            const quint64 key = w->rowKey(j);
+            if (key == 0)
+                return at + QStringLiteral("no key");
+            if (!c.key) {
                 for (int x = 0; x < d.children.size(); ++x) {
-                    if (x != j && d.children.at(x).widget == row)
+                    if (x != j && d.children.at(x).key == key)
                         return at + QStringLiteral("a new row is an old one");
                 }
-                c.widget = row;
+                c.key = key;
             }
-            if (c.widget != row)
+            if (c.key != key)
                 return at + QStringLiteral("a different row stands here");
+            c.widget = row;
+            if (!row) {
+                // Parked: what it keeps.
+                const ChildRowState *parked = w->parkedRow(j);
+                if (!parked)
+                    return at + QStringLiteral("neither a widget nor parked");
+                if (!sameRecord(parked->record, c.rec))
+                    return at + QStringLiteral("parked record %1, expected %2").arg(describe(parked->record), describe(c.rec));
+                if (parked->rootIndex != d.stored || parked->childIndex != c.storedIndex)
+                    return at + QStringLiteral("parked index %1-%2, expected %3-%4")
+                                    .arg(parked->rootIndex)
+                                    .arg(parked->childIndex)
+                                    .arg(d.stored)
+                                    .arg(c.storedIndex);
+                continue;
+            }
             if (row->parentWidget() != w->childContainer())
                 return at + QStringLiteral("not in the drawer's container");
             if (!sameRecord(row->getNodeInfo(), c.rec))
@@ -1932,7 +1954,7 @@ QString StressRun::check(bool full)
                 return QStringLiteral("a drawer of the list is not in the container");
             const int widgets =
                 d.widget->childContainer()->findChildren<SecondItem *>(QString(), Qt::FindDirectChildrenOnly).size();
-            if (widgets != (d.widget->rowsDeferred() ? 0 : d.children.size()))
+            if (widgets != (d.widget->rowsDeferred() ? 0 : d.widget->realisedRows()))
                 return QStringLiteral("drawer (stored %1) holds rows that are not in its list").arg(d.stored);
         }
         for (int i = m_retired.size() - 1; i >= 0; --i) {

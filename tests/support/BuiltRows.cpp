@@ -11,6 +11,10 @@ QList<SecondItem *> builtRows(DrawerControl *drawer)
     if (!drawer)
         return {};
     drawer->buildRows();
+    // Parked rows are made again; they stay widgets until the list next
+    // decides which rows it keeps as widgets.
+    for (int i = 0; i < drawer->rowCount(); ++i)
+        drawer->realiseRow(i);
     return drawer->secondItems();
 }
 

@@ -11,8 +11,9 @@ class QWidget;
 class SecondItem;
 
 // The child rows of @p drawer as widgets. A drawer builds them on its first
-// expansion; a test that inspects the rows of a group never expanded has
-// them built first, as expanding would (without showing them).
+// expansion, and keeps them as widgets only while they may be seen; a test
+// that inspects rows has them built and made widgets first, as expanding
+// or scrolling them into view would.
 QList<SecondItem *> builtRows(DrawerControl *drawer);
 inline QList<SecondItem *> builtRows(const QScopedPointer<DrawerControl> &drawer)
 {

@@ -113,6 +113,8 @@ QStringList LayoutCheck::fontDifferences()
         const QList<SecondItem *> rows = d->secondItems();
         for (int c = 0; c < rows.size(); ++c) {
             const SecondItem *row = rows.at(c);
+            if (!row)
+                continue; // parked: no fonts of its own
             const QByteArray history = row->lookHistory().events();
             const QPair<QFont, QFont> fonts = m_metrics->childFonts(history);
             const auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
@@ -143,6 +145,8 @@ QStringList LayoutCheck::roundTripDifferences()
             continue;
         const QList<SecondItem *> rows = d->secondItems();
         for (int c = 0; c < rows.size(); ++c) {
+            if (!rows.at(c))
+                continue; // parked already
             const ChildRowState state = rows.at(c)->state();
             SecondItem copy(parent);
             copy.initItem(state.rootIndex, state.childIndex);
@@ -198,6 +202,8 @@ QStringList LayoutCheck::differences()
             if (const SecondItem *item = rows.value(c)) {
                 row.metrics = metrics.child(RowMetrics::lookOf(item));
                 row.empty = item->isHidden();
+            } else if (const ChildRowState *parked = d->parkedRow(c)) {
+                row.metrics = metrics.child(RowMetrics::lookOf(*parked));
             }
             drawer.rows << row;
         }
@@ -226,10 +232,13 @@ QStringList LayoutCheck::differences()
                    .arg(container->sizeHint().height());
     }
     m_compared = 0;
-    const auto compare = [this, &out](const QString &what, const QRect &model, const QWidget *widget) {
+    const auto compareRect = [this, &out](const QString &what, const QRect &model, const QRect &actual) {
         ++m_compared;
-        if (model != widget->geometry())
-            out << QStringLiteral("%1: model %2, widget %3").arg(what, rectText(model), rectText(widget->geometry()));
+        if (model != actual)
+            out << QStringLiteral("%1: model %2, widget %3").arg(what, rectText(model), rectText(actual));
+    };
+    const auto compare = [&compareRect](const QString &what, const QRect &model, const QWidget *widget) {
+        compareRect(what, model, widget->geometry());
     };
     auto *frame = qobject_cast<TreeListFrame *>(m_list->getSignalTreeListFrame());
     const QList<DrawerControl *> drawers = frame->drawers();
@@ -245,7 +254,10 @@ QStringList LayoutCheck::differences()
         compare(QStringLiteral("rows of %1").arg(name), m_layout.rowContainerRect(d->rootKey()), d->childContainer());
         const QList<SecondItem *> rows = d->secondItems();
         for (int c = 0; c < rows.size(); ++c) {
-            if (!rows.at(c)->isHidden())
+            if (!rows.at(c)) // parked: where its slot is
+                compareRect(QStringLiteral("row %1,%2").arg(name).arg(c), m_layout.rowRect(d->rootKey(), d->rowKey(c)),
+                            d->rowGeometry(c));
+            else if (!rows.at(c)->isHidden())
                 compare(QStringLiteral("row %1,%2").arg(name).arg(c), m_layout.rowRect(d->rootKey(), d->rowKey(c)), rows.at(c));
         }
     }

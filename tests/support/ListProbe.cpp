@@ -3,6 +3,7 @@
 
 #include "ListProbe.h"
 
+#include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "KeyboardNavigator.h"
 #include "RootItem.h"
@@ -150,7 +151,9 @@ QStringList ListProbe::dump(SignalTreeList *list)
             focus = key;
         if (!d->showsChildren())
             continue;
-        const QList<SecondItem *> rows = d->secondItems();
+        // Rows off screen may be parked: made again, they show what they
+        // keep, which must be what the widgets would show.
+        const QList<SecondItem *> rows = builtRows(d);
         for (int c = 0; c < rows.size(); ++c) {
             dumpRow(out, QStringLiteral("%1,%2").arg(r).arg(c), rows.at(c), frame);
             if (keys && keys->focusRow() == RowRef::child(d, c))
@@ -164,6 +167,8 @@ QStringList ListProbe::dump(SignalTreeList *list)
         out << QStringLiteral("node [%1] %2 %3").arg(TreeText::pathText(path)).arg(answer.first).arg(recordText(answer.second));
     }
     dumpAccessible(out, QAccessible::queryAccessibleInterface(frame), QString());
+    // The rows made again for the dump go back to being parked.
+    frame->placeRowsNow();
     return out;
 }
 

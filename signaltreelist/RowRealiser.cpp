@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#include "RowRealiser.h"
+
+#include "DrawerControl.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTimerEvent>
+
+RowRealiser::RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>()> drawers)
+    : QObject(area)
+    , m_pArea(area)
+    , m_drawers(std::move(drawers))
+{
+    // Rows that scroll in are made at once, before the viewport is painted;
+    // rows that scrolled out go in the next turn, never under the feet of
+    // whoever scrolled (ensureWidgetVisible() scrolls one way, then the
+    // other, and the widget it was given must live through both).
+    const auto scrolled = [this] {
+        pass(false);
+        schedule();
+    };
+    connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
+    connect(area->horizontalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
+    area->viewport()->installEventFilter(this);
+}
+
+void RowRealiser::schedule()
+{
+    if (m_iTimer == 0)
+        m_iTimer = startTimer(0);
+}
+
+void RowRealiser::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_iTimer)
+        return QObject::timerEvent(event);
+    killTimer(m_iTimer);
+    m_iTimer = 0;
+    pass();
+}
+
+bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
+        schedule();
+    return QObject::eventFilter(watched, event);
+}
+
+void RowRealiser::pass(bool park)
+{
+    QWidget *content = m_pArea ? m_pArea->widget() : nullptr;
+    // Realising a row may place rows anew, which asks for another pass:
+    // that one comes in the next turn.
+    if (!content || m_bPassing)
+        return;
+    m_bPassing = true;
+    // The viewport in the content's coordinates, and a viewport's height
+    // above and below it, so that a page up or down finds its rows there.
+    const QWidget *viewport = m_pArea->viewport();
+    QRect band(content->mapFrom(viewport, QPoint(0, 0)), viewport->size());
+    band.adjust(0, -band.height(), 0, band.height());
+    const bool listShown = content->isVisible();
+    for (DrawerControl *drawer : m_drawers()) {
+        QFrame *container = drawer ? drawer->childContainer() : nullptr;
+        if (!container || drawer->rowsDeferred() || !content->isAncestorOf(container))
+            continue;
+        const bool shown = listShown && !drawer->isHidden() && drawer->showsChildren();
+        drawer->placeRows(band.translated(-container->mapTo(content, QPoint(0, 0))), shown, park);
+    }
+    m_bPassing = false;
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The signaltreelist developers
+// SPDX-License-Identifier: BSD-3-Clause
+
+#ifndef SIGNALTREELIST_ROWREALISER_H
+#define SIGNALTREELIST_ROWREALISER_H
+
+// Internal: not installed, not part of the library's interface.
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+
+class DrawerControl;
+class QScrollArea;
+
+/**
+ * Keeps the child rows of a list widgets while they are in or near the
+ * viewport, and parks the others (DrawerControl::placeRows()).
+ *
+ * A pass runs at once when the list scrolls, so that the rows are there
+ * before the viewport is painted, and in the next turn of the event loop
+ * when rows were placed anew, shown or hidden, or the viewport changed size.
+ */
+class RowRealiser : public QObject
+{
+public:
+    RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>()> drawers);
+
+    /// A pass in the next turn of the event loop (once, however often asked).
+    void schedule();
+    /// A pass now; with @p park false it only makes rows.
+    void pass(bool park = true);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    QPointer<QScrollArea> m_pArea;
+    std::function<QList<DrawerControl *>()> m_drawers;
+    int m_iTimer = 0;
+    bool m_bPassing = false;
+};
+
+#endif // SIGNALTREELIST_ROWREALISER_H
