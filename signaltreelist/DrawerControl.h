@@ -164,6 +164,8 @@ public:
     /// "isKeyFocus" property does to the widget; false when the row is no
     /// parked one or the look would resize it (then the widget must do it).
     bool setParkedRowFocus(int index, bool focused);
+    /// The style changed: the parked rows take it as widgets would.
+    void restyleParkedRows();
     /// Child row @p index as it is kept while parked, or null.
     const ChildRowState *parkedRow(int index) const;
     /// Called when a row was placed anew or the children were shown or

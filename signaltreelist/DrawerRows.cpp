@@ -17,6 +17,38 @@
 #include <QGuiApplication>
 #include <QVBoxLayout>
 
+namespace {
+
+// Showing a widget lays its ancestors out at once (QWidget::setVisible()
+// activates every layout up the chain), where the widget that was there
+// all along would have waited for the layouts' own turn: a row made again
+// is shown with those layouts held.
+class LayoutsHeld
+{
+public:
+    explicit LayoutsHeld(QWidget *from)
+    {
+        for (QWidget *w = from; w; w = w->isWindow() ? nullptr : w->parentWidget()) {
+            QLayout *layout = w->layout();
+            if (layout && layout->isEnabled()) {
+                layout->setEnabled(false);
+                m_held.append(layout);
+            }
+        }
+    }
+    ~LayoutsHeld()
+    {
+        for (QLayout *layout : qAsConst(m_held))
+            layout->setEnabled(true);
+    }
+
+private:
+    Q_DISABLE_COPY(LayoutsHeld)
+    QVector<QLayout *> m_held;
+};
+
+} // namespace
+
 RowSlot *DrawerControl::newSlot(SecondItem *pItem)
 {
     auto *pSlot = new RowSlot(pItem, m_pRowMetrics);
@@ -44,6 +76,7 @@ SecondItem *DrawerControl::realiseRow(int index)
     if (SecondItem *pItem = m_lstSecondItem.at(index))
         return pItem;
     RowSlot *pSlot = m_lstSlots.at(index);
+    pSlot->applyRestyle();
     const ChildRowState &state = *pSlot->parked();
     auto *pItem = new SecondItem(m_pContainer);
     pItem->initItem(state.rootIndex, state.childIndex);
@@ -55,6 +88,7 @@ SecondItem *DrawerControl::realiseRow(int index)
     // container, so it shows again whenever the container does.
     pItem->placeRestored(pSlot->geometry());
     pItem->setAttribute(Qt::WA_LaidOut);
+    const LayoutsHeld held(m_pContainer);
     pItem->setVisible(true);
     return pItem;
 }
@@ -89,6 +123,12 @@ void DrawerControl::placeRows(const QRect &band, bool shown, bool park)
     if (!m_bRowSlots || m_pPending)
         return;
     park = park && QGuiApplication::mouseButtons() == Qt::NoButton;
+    // A new style has reached everything by now: parked rows fit to it.
+    bool restyled = false;
+    for (RowSlot *pSlot : qAsConst(m_lstSlots))
+        restyled = pSlot->applyRestyle() || restyled;
+    if (restyled)
+        m_pChildLayout->invalidate();
     for (int i = 0; i < m_lstSecondItem.size(); ++i) {
         const RowSlot *pSlot = m_lstSlots.at(i);
         if (!pSlot->laidOut())
@@ -118,18 +158,34 @@ bool DrawerControl::setParkedRowFocus(int index, bool focused)
     // As the property: set to what it is, it changes nothing.
     if (state->history.focusLook() == focused)
         return true;
-    // A look with other size bounds resizes the widget at once, which fits
-    // its lines by fonts half way through the change: only a widget knows.
+    const LookHistory::Event change = focused ? LookHistory::FocusOn : LookHistory::FocusOff;
+    // A window that is hidden, or going away (focus leaves it as it goes),
+    // is no place to measure or make widgets in: the look is only noted.
+    if (window()->isHidden()) {
+        state->history.add(change);
+        return true;
+    }
+    // A look whose size bounds leave out the row's size resizes the widget
+    // at once, which fits its lines by fonts half way through the change:
+    // only a widget knows them.
+    RowSlot *pSlot = m_lstSlots.at(index);
     const SlotMetrics before = m_pRowMetrics->child(RowMetrics::lookOf(*state));
     ChildRowState after = *state;
-    after.history.add(focused ? LookHistory::FocusOn : LookHistory::FocusOff);
+    after.history.add(change);
     const SlotMetrics now = m_pRowMetrics->child(RowMetrics::lookOf(after));
-    if (before.widgetMinimum != now.widgetMinimum || before.widgetMaximum != now.widgetMaximum)
+    const QSize size = pSlot->parkedSize();
+    if (size.expandedTo(now.widgetMinimum).boundedTo(now.widgetMaximum) != size)
         return false;
     state->history = after.history;
     if (before.hint != now.hint || before.minimum != now.minimum || before.maximum != now.maximum)
         m_pChildLayout->invalidate();
     return true;
+}
+
+void DrawerControl::restyleParkedRows()
+{
+    for (RowSlot *pSlot : qAsConst(m_lstSlots))
+        pSlot->restyle();
 }
 
 const ChildRowState *DrawerControl::parkedRow(int index) const

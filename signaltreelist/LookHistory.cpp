@@ -44,13 +44,49 @@ void LookHistory::add(Event event)
 
 bool LookHistory::focusLook() const
 {
+    return lookNow().focused;
+}
+
+LookHistory::Look LookHistory::lookNow() const
+{
     if (!m_polished)
-        return m_look.focused;
-    for (int i = m_events.size() - 1; i >= 0; --i) {
-        if (m_events.at(i) == char(FocusOn) || m_events.at(i) == char(FocusOff))
-            return m_events.at(i) == char(FocusOn);
+        return m_look;
+    Look look;
+    for (const char event : m_events) {
+        switch (Event(event)) {
+        case Press:
+        case Release:
+            look.pressed = event == Press;
+            break;
+        case Enter:
+        case Leave:
+            look.hovered = event == Enter;
+            break;
+        case FocusOn:
+        case FocusOff:
+            look.focused = event == FocusOn;
+            break;
+        default:
+            break;
+        }
     }
-    return false;
+    return look;
+}
+
+void LookHistory::restyled()
+{
+    if (!m_polished)
+        return; // polished later, under the new style: nothing to forget
+    m_look = lookNow();
+    m_written = Look();
+    m_events.clear();
+    writeLook();
+    // The row first, then the lines it had polished.
+    m_events.append(char(Polish));
+    for (const char polish : qAsConst(m_polishes)) {
+        if (polish != char(Polish))
+            m_events.append(polish);
+    }
 }
 
 void LookHistory::writeLook()

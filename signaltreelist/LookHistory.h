@@ -42,6 +42,10 @@ public:
     bool polished() const { return m_polished; }
     /// Whether the row has the keyboard focus look now.
     bool focusLook() const;
+    /// The style changed under the row (a new sheet): Qt polished it and
+    /// its labels anew, with the look they have now, and its past no longer
+    /// counts. The history becomes that of a row polished with this look.
+    void restyled();
 
 private:
     struct Look
@@ -52,6 +56,8 @@ private:
     };
     /// Writes the changes from the look last written to the look now.
     void writeLook();
+    /// The look the events leave.
+    Look lookNow() const;
 
     QByteArray m_events;
     bool m_polished = false;

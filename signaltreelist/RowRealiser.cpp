@@ -11,6 +11,18 @@
 #include <QScrollBar>
 #include <QTimerEvent>
 
+bool RowRealiser::s_bParking = false;
+
+void RowRealiser::setParking(bool on)
+{
+    s_bParking = on;
+}
+
+bool RowRealiser::parking()
+{
+    return s_bParking;
+}
+
 RowRealiser::RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>()> drawers)
     : QObject(area)
     , m_pArea(area)
@@ -27,6 +39,8 @@ RowRealiser::RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
     connect(area->horizontalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
     area->viewport()->installEventFilter(this);
+    if (area->widget())
+        area->widget()->installEventFilter(this);
 }
 
 void RowRealiser::schedule()
@@ -46,6 +60,18 @@ void RowRealiser::timerEvent(QTimerEvent *event)
 
 bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
 {
+    if (m_pArea && watched == m_pArea->widget()) {
+        // A new style reaches every widget of the list: the parked rows
+        // take it where they are kept.
+        if (event->type() == QEvent::StyleChange) {
+            for (DrawerControl *drawer : m_drawers()) {
+                if (drawer)
+                    drawer->restyleParkedRows();
+            }
+            schedule();
+        }
+        return QObject::eventFilter(watched, event);
+    }
     if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
         schedule();
     return QObject::eventFilter(watched, event);
@@ -56,7 +82,7 @@ void RowRealiser::pass(bool park)
     QWidget *content = m_pArea ? m_pArea->widget() : nullptr;
     // Realising a row may place rows anew, which asks for another pass:
     // that one comes in the next turn.
-    if (!content || m_bPassing)
+    if (!content || m_bPassing || !s_bParking)
         return;
     m_bPassing = true;
     // The viewport in the content's coordinates, and a viewport's height

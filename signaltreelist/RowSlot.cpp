@@ -38,8 +38,37 @@ void RowSlot::park(std::unique_ptr<ChildRowState> state, const QSize &size)
 void RowSlot::unpark(SecondItem *row)
 {
     m_parked.reset();
+    m_restyled = false;
     m_row = row;
     m_widget = row;
+}
+
+void RowSlot::restyle()
+{
+    if (!m_parked)
+        return;
+    m_parked->history.restyled();
+    m_restyled = true;
+}
+
+bool RowSlot::applyRestyle()
+{
+    if (!m_restyled || !m_parked || !m_metrics)
+        return false;
+    m_restyled = false;
+    const QPair<QFont, QFont> fonts = m_metrics->childFonts(m_parked->history.events());
+    SecondItem::refitState(*m_parked, fonts.first, fonts.second);
+    return true;
+}
+
+void RowSlot::resizeParked(const QSize &size)
+{
+    if (!m_parked || !m_metrics || size == m_parkedSize)
+        return;
+    // Resizing fits the lines with the fonts the row has then.
+    const QPair<QFont, QFont> fonts = m_metrics->childFonts(m_parked->history.events());
+    SecondItem::fitState(*m_parked, fonts.first, fonts.second);
+    m_parkedSize = size;
 }
 
 void RowSlot::setPlacedHandler(std::function<void()> handler)
@@ -100,13 +129,10 @@ void RowSlot::setGeometry(const QRect &rect)
     const QRect now = LeafSlot::geometry();
     if (m_row) {
         m_row->setGeometry(now);
-    } else if (m_parked && m_metrics && now.size() != m_parkedSize) {
-        // The widget would have been resized, and resizing fits its lines
-        // with the fonts it has then. (Its size is its own: a look with
-        // other bounds resizes it at once, before the layout runs.)
-        const QPair<QFont, QFont> fonts = m_metrics->childFonts(m_parked->history.events());
-        SecondItem::fitState(*m_parked, fonts.first, fonts.second);
-        m_parkedSize = now.size();
+    } else {
+        // The widget would have been resized. (Its size is its own: a look
+        // with other bounds resizes it at once, before the layout runs.)
+        resizeParked(now.size());
     }
     const bool first = !m_laidOut;
     m_laidOut = true;

@@ -45,6 +45,18 @@ public:
     void park(std::unique_ptr<ChildRowState> state, const QSize &size);
     /// Puts @p row, made again from the parked state, back in the slot.
     void unpark(SecondItem *row);
+    /// A new style: the parked row takes the new look's fonts and fits its
+    /// names to them afresh, once the style has reached everything
+    /// (applyRestyle()).
+    void restyle();
+    /// Does what restyle() left to do; true when it did something.
+    bool applyRestyle();
+    /// The parked row's size: its widget's when it was parked, then what
+    /// resizes it since.
+    QSize parkedSize() const { return m_parkedSize; }
+    /// The parked row gets @p size (not from the layout): it fits its lines
+    /// as the widget does on a resize.
+    void resizeParked(const QSize &size);
     /// Whether a layout has placed the row since it got its slot.
     bool laidOut() const { return m_laidOut; }
     /// Called whenever the layout moves or resizes the row.
@@ -78,6 +90,7 @@ private:
     QWidget *m_widget;
     std::unique_ptr<ChildRowState> m_parked;
     QSize m_parkedSize;
+    bool m_restyled = false;
     // The list's: a drawer that outlives its list keeps the last metrics.
     QPointer<RowMetrics> m_metrics;
     std::function<void()> m_placed;

@@ -441,6 +441,13 @@ void SecondItem::fitState(ChildRowState &state, const QFont &upper, const QFont 
     TextFit::fit(state.lines, state.fullText, widths, metrics, limit);
 }
 
+void SecondItem::refitState(ChildRowState &state, const QFont &upper, const QFont &lower)
+{
+    state.lines.shown[0] = state.fullText[0];
+    state.lines.shown[1] = state.fullText[1];
+    fitState(state, upper, lower);
+}
+
 bool SecondItem::pressKeeps(const ChildRowState &state, bool pressed)
 {
     return state.pressed == pressed && state.upperOnline == pressed
@@ -539,6 +546,17 @@ bool SecondItem::event(QEvent *event)
     case QEvent::Polish:
         m_lookHistory.add(LookHistory::Polish);
         break;
+    case QEvent::StyleChange:
+        // A new style: the fonts are the new look's, and the lines are fitted
+        // to them afresh. Qt restyles the row and its lines in an order of
+        // its own, resizing the row on the way; fitting the full names again
+        // whenever one of them has its new style leaves the same lines
+        // whatever that order was.
+        if (testAttribute(Qt::WA_WState_Polished)) {
+            m_lookHistory.restyled();
+            refitTexts();
+        }
+        break;
     case QEvent::DynamicPropertyChange:
         // The keyboard's focus look, which re-polishes the row.
         if (static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == "isKeyFocus")
@@ -552,6 +570,9 @@ bool SecondItem::event(QEvent *event)
 
 bool SecondItem::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::StyleChange && testAttribute(Qt::WA_WState_Polished)
+        && (watched == m_qlUpper || watched == m_qlDown))
+        refitTexts();
     if (event->type() == QEvent::Polish) {
         if (watched == m_qlUpper)
             m_lookHistory.add(LookHistory::UpperPolish);
@@ -631,6 +652,15 @@ void SecondItem::fitTexts()
             labels[i]->setText(lines.shown[i]);
         labels[i]->setFixedWidth(lines.width[i]);
     }
+}
+
+void SecondItem::refitTexts()
+{
+    if (!m_qlUpper || !m_qlDown)
+        return;
+    m_qlUpper->setText(m_strUpperText);
+    m_qlDown->setText(m_strDownText);
+    fitTexts();
 }
 
 int SecondItem::textWidth(int line, const QLabel *label, const QString &text) const

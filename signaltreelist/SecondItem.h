@@ -87,6 +87,8 @@ public:
     /// Fits the name lines of a row kept as @p state, as a resize of the
     /// widget fits them with these fonts.
     static void fitState(ChildRowState &state, const QFont &upper, const QFont &lower);
+    /// The same after a new style: the full names are fitted afresh.
+    static void refitState(ChildRowState &state, const QFont &upper, const QFont &lower);
     /// Whether setPressed(@p pressed) would leave a row kept as @p state
     /// looking as it does.
     static bool pressKeeps(const ChildRowState &state, bool pressed);
@@ -116,6 +118,8 @@ private:
 
     void setNodeInfoImpl(const st_NodeInfoSignal &node);
     void fitTexts();
+    /// Fits the full names afresh, as a new record would be.
+    void refitTexts();
     /// Width of @p text in @p label's font (@p line: 0 upper, 1 lower).
     int textWidth(int line, const QLabel *label, const QString &text) const;
     void placeButtons();

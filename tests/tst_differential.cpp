@@ -32,9 +32,11 @@
 #include "MessageCapture.h"
 #include "RootItem.h"
 #include "RowAt.h"
+#include "RowRealiser.h"
 #include "RowClick.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
+#include "TestSheets.h"
 #include "TreeListFrame.h"
 #include "TreeText.h"
 
@@ -56,27 +58,13 @@
 
 namespace {
 
-// Rules that change fonts and heights by state, on top of the dark sheet.
-const char *const kStateSheet = R"(
-SecondItem QLabel { font-size: 9px; }
-#SignalSecondItem[isSecondItem="press"] { min-height: 48px; max-height: 48px; }
-#SignalSecondItem[isSecondItem="press"] QLabel#m_qlUpper { font-size: 13px; }
-QLabel#m_qlUpper[isUpOnline="true"] { font-weight: bold; }
-#SignalSecondItem[isSecondItem="hover"] QLabel#m_qlDown { font-size: 11px; }
-RootItem[isRootItem="press"] QLabel#m_qlUpper { font-size: 14px; }
-#SignalSecondItem[isSecondItem="press"] { font-weight: bold; }
-)";
-
 QString sheetFor(const QString &look)
 {
     if (look == QLatin1String("none"))
         return QString();
-    QFile file(QStringLiteral(DARK_STYLE_SHEET));
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    QString sheet = QString::fromUtf8(file.readAll());
-    if (look == QLatin1String("state"))
-        sheet += QLatin1String(kStateSheet);
+    QString sheet = TestSheets::read(QStringLiteral(DARK_STYLE_SHEET));
+    if (!sheet.isEmpty() && look == QLatin1String("state"))
+        sheet += TestSheets::stateRules();
     return sheet;
 }
 
@@ -586,6 +574,8 @@ private slots:
     {
         EventSender::parkPointer();
         qRegisterMetaType<QList<int>>();
+        // The list as it will ship: rows off screen parked.
+        RowRealiser::setParking(true);
     }
     void cleanupTestCase()
     {

@@ -39,6 +39,7 @@
 
 #include "ChildRowState.h"
 #include "DrawerControl.h"
+#include "RowRealiser.h"
 #include "EventSender.h"
 #include "RootItem.h"
 #include "RowButtons.h"
@@ -2067,6 +2068,7 @@ private:
 void TestStress::initTestCase()
 {
     EventSender::parkPointer();
+    RowRealiser::setParking(true);
     if (QGuiApplication::platformName() != QLatin1String("minimal"))
         QSKIP("needs the minimal platform, whose in-process drag runs QDrag::exec");
     g_previousHandler = qInstallMessageHandler(quietHandler);
