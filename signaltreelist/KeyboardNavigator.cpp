@@ -11,6 +11,7 @@
 #include "TabChain.h"
 #include "TreeListFrame.h"
 
+#include <QCoreApplication>
 #include <QAccessible>
 #include <QApplication>
 #include <QFocusEvent>
@@ -94,8 +95,16 @@ void KeyboardNavigator::setFocusRow(const RowRef &row, bool scroll)
     m_tabTarget = markOf(row);
     publish(row, m_pFrame->hasFocus());
     QWidget *widget = ShownRows::widget(row);
-    if (scroll && m_pScrollArea && widget && widget->isVisible())
-        m_pScrollArea->ensureWidgetVisible(widget, 0, 0);
+    if (scroll && m_pScrollArea && widget && widget->isVisible()) {
+        // Scrolled to where the row is once the layouts have caught up with
+        // the last change, not to where it was before: a layout request
+        // climbs one level per pass.
+        QPointer<QWidget> guard(widget);
+        for (int level = 0; level < 8 && guard; ++level)
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        if (guard && guard->isVisible())
+            m_pScrollArea->ensureWidgetVisible(guard, 0, 0);
+    }
     // Once per row and focus-in: a click on the focus row is no news.
     if (m_pFrame->hasFocus() && m_announcedFocus != row) {
         m_announcedFocus = row;
