@@ -25,7 +25,8 @@ bool RowRealiser::parking()
 
 RowRealiser::RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>()> drawers)
     : QObject(area)
-    , m_pArea(area)
+    , m_pViewport(area->viewport())
+    , m_pContent(area->widget())
     , m_drawers(std::move(drawers))
 {
     // Rows that scroll in are made at once, before the viewport is painted;
@@ -38,9 +39,9 @@ RowRealiser::RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>
     };
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
     connect(area->horizontalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
-    area->viewport()->installEventFilter(this);
-    if (area->widget())
-        area->widget()->installEventFilter(this);
+    m_pViewport->installEventFilter(this);
+    if (m_pContent)
+        m_pContent->installEventFilter(this);
 }
 
 void RowRealiser::schedule()
@@ -60,7 +61,7 @@ void RowRealiser::timerEvent(QTimerEvent *event)
 
 bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_pArea && watched == m_pArea->widget()) {
+    if (m_pContent && watched == m_pContent) {
         // A new style reaches every widget of the list: the parked rows
         // take it where they are kept.
         if (event->type() == QEvent::StyleChange) {
@@ -79,15 +80,15 @@ bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
 
 void RowRealiser::pass(bool park)
 {
-    QWidget *content = m_pArea ? m_pArea->widget() : nullptr;
+    QWidget *content = m_pContent;
+    const QWidget *viewport = m_pViewport;
     // Realising a row may place rows anew, which asks for another pass:
     // that one comes in the next turn.
-    if (!content || m_bPassing || !s_bParking)
+    if (!content || !viewport || m_bPassing || !s_bParking)
         return;
     m_bPassing = true;
     // The viewport in the content's coordinates, and a viewport's height
     // above and below it, so that a page up or down finds its rows there.
-    const QWidget *viewport = m_pArea->viewport();
     QRect band(content->mapFrom(viewport, QPoint(0, 0)), viewport->size());
     band.adjust(0, -band.height(), 0, band.height());
     const bool listShown = content->isVisible();

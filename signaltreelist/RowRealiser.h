@@ -43,7 +43,10 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    QPointer<QScrollArea> m_pArea;
+    // The area's viewport and content, as plain widgets: they outlive the
+    // area's own destructor, in which events still reach this filter.
+    QPointer<QWidget> m_pViewport;
+    QPointer<QWidget> m_pContent;
     std::function<QList<DrawerControl *>()> m_drawers;
     int m_iTimer = 0;
     bool m_bPassing = false;

@@ -17,6 +17,7 @@
 #include <QFontMetrics>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QLabel>
 #include <QPixmap>
 #include <QResizeEvent>
@@ -92,7 +93,7 @@ QString doubleSizePath(const QString &path)
 // The picture at @p path for a screen of @p ratio: above 1 the double-size
 // variant at ratio 2, which keeps the one-times picture's size on screen;
 // otherwise the one-times picture itself.
-QPixmap signalPicture(const QString &path, qreal ratio)
+QPixmap loadSignalPicture(const QString &path, qreal ratio)
 {
     QPixmap picture;
     if (ratio > 1.0) {
@@ -108,6 +109,18 @@ QPixmap signalPicture(const QString &path, qreal ratio)
         picture.setDevicePixelRatio(dpr);
     }
     return picture;
+}
+
+// The same, loaded once per picture and ratio: every row of a type shows
+// one picture, and loading it asks the file system each time.
+QPixmap signalPicture(const QString &path, qreal ratio)
+{
+    static QHash<QPair<QString, qreal>, QPixmap> loaded;
+    const QPair<QString, qreal> key(path, ratio);
+    auto it = loaded.constFind(key);
+    if (it == loaded.constEnd())
+        it = loaded.insert(key, loadSignalPicture(path, ratio));
+    return *it;
 }
 
 } // namespace

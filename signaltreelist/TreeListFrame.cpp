@@ -44,6 +44,8 @@ TreeListFrame::TreeListFrame(QWidget *parent)
 TreeListFrame::~TreeListFrame()
 {
     qDebug() << "[Tarn]::TreeListFrame::~TreeListFrame()";
+    // It asks this frame for its drawers: gone before the frame's members.
+    delete m_pRealiser.data();
     clearTree();
     qDebug() << "[Tarn]::TreeListFrame::~TreeListFrame() end";
 }
