@@ -53,6 +53,8 @@ private slots:
     void cleanup() { qApp->setStyleSheet(QString()); }
     void rowComesBackAsItWas_data();
     void rowComesBackAsItWas();
+    void newSheetFitsTheFullNamesAfresh_data();
+    void newSheetFitsTheFullNamesAfresh();
 };
 
 void tst_ChildRowState::rowComesBackAsItWas_data()
@@ -142,6 +144,67 @@ void tst_ChildRowState::rowComesBackAsItWas()
         }
     }
     QVERIFY2(differs, "no row's fonts depend on its past here");
+}
+
+void tst_ChildRowState::newSheetFitsTheFullNamesAfresh_data()
+{
+    QTest::addColumn<int>("before"); // font sizes of the name lines, in pixels
+    QTest::addColumn<int>("after");
+    QTest::addColumn<bool>("onTheParent"); // the sheet on the row's parent, not the application
+    QTest::newRow("larger, application") << 8 << 22 << false;
+    QTest::newRow("smaller, application") << 22 << 8 << false;
+    QTest::newRow("larger, parent") << 8 << 22 << true;
+    QTest::newRow("smaller, parent") << 22 << 8 << true;
+}
+
+// Under the new sheet a row shows its names as a row given them under that
+// sheet does: shortened where they no longer fit, whole again where they do,
+// not as they were fitted to the fonts of before.
+void tst_ChildRowState::newSheetFitsTheFullNamesAfresh()
+{
+    QFETCH(int, before);
+    QFETCH(int, after);
+    QFETCH(bool, onTheParent);
+    const auto sheet = [](int px) { return QStringLiteral("SecondItem QLabel { font-size: %1px; }").arg(px); };
+    const QStringList names{QStringLiteral("Board 12 input 4"), QStringLiteral("SDI")};
+    QWidget window;
+    window.resize(360, 120);
+    auto *layout = new QVBoxLayout(&window);
+    auto *row = new SecondItem(&window);
+    row->initItem(0, 0);
+    layout->addWidget(row);
+    NodeFactory factory;
+    row->setNodeInfo(factory.node(names, 1));
+    const auto apply = [&](const QString &text) {
+        if (onTheParent)
+            window.setStyleSheet(text);
+        else
+            qApp->setStyleSheet(text);
+    };
+    apply(sheet(before));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    auto *upper = row->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+    QVERIFY(upper);
+    const QString fittedBefore = upper->text();
+
+    apply(sheet(after));
+    QCoreApplication::processEvents();
+    // A row on screen under the new sheet, given the same names.
+    auto *fresh = new SecondItem(&window);
+    fresh->initItem(0, 1);
+    layout->addWidget(fresh);
+    QTRY_VERIFY(fresh->isVisible());
+    fresh->setNodeInfo(factory.node(names, 1));
+    auto *freshUpper = fresh->findChild<QLabel *>(QStringLiteral("m_qlUpper"));
+    QCOMPARE(upper->font().pixelSize(), after);
+    QCOMPARE(upper->text(), freshUpper->text());
+    QCOMPARE(upper->minimumWidth(), freshUpper->minimumWidth());
+    // The sizes were picked so that one look shortens the name and the other
+    // shows it whole: the fit changed.
+    QVERIFY(upper->text() != fittedBefore);
+    QCOMPARE(upper->text().endsWith(QLatin1String("...")), after > before);
+    qApp->setStyleSheet(QString());
 }
 
 QTEST_MAIN(tst_ChildRowState)
