@@ -7,6 +7,7 @@
 #include "RowTexts.h"
 #include "StyleConstants.h"
 
+#include <QEvent>
 #include <QCheckBox>
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -334,6 +335,14 @@ void RootItem::leaveEvent(QEvent *event)
     }
     m_guardSelf.repolish(this);
     m_guardUpper.repolish(m_qlUpper);
+}
+
+bool RootItem::event(QEvent *event)
+{
+    // A new sheet that no longer sizes the row: its own height again.
+    if (event->type() == QEvent::StyleChange)
+        m_guardSelf.keepHeight(this);
+    return CLanguageTranslateFrame::event(event);
 }
 
 void RootItem::resizeEvent(QResizeEvent *event)

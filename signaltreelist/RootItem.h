@@ -100,6 +100,7 @@ protected:
     void enterEvent(QtCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     /// Press look: "isRootItem" = "press" and the upper line highlighted.

@@ -33,8 +33,8 @@ public:
     /// A pass now; with @p park false it only makes rows.
     void pass(bool park = true);
 
-    /// Whether rows off screen are parked at all. Off for now: two known
-    /// differences remain (see the README); tests turn it on.
+    /// Whether rows off screen are parked at all. Off for now: making rows
+    /// again is too slow for paging (see the README); tests turn it on.
     static void setParking(bool on);
     static bool parking();
 

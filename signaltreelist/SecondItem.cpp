@@ -565,6 +565,7 @@ bool SecondItem::event(QEvent *event)
         // its own, resizing the row on the way; fitting the full names again
         // whenever one of them has its new style leaves the same lines
         // whatever that order was.
+        m_guardSelf.keepHeight(this); // a new sheet that no longer sizes the row
         if (testAttribute(Qt::WA_WState_Polished)) {
             m_lookHistory.restyled();
             refitTexts();

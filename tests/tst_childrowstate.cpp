@@ -12,6 +12,7 @@
 #include "EventSender.h"
 #include "LayoutCheck.h"
 #include "NodeFactory.h"
+#include "RootItem.h"
 #include "SecondItem.h"
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
@@ -55,6 +56,8 @@ private slots:
     void rowComesBackAsItWas();
     void newSheetFitsTheFullNamesAfresh_data();
     void newSheetFitsTheFullNamesAfresh();
+    void rowsGetTheirHeightBackWhenANewSheetStopsSizingThem_data();
+    void rowsGetTheirHeightBackWhenANewSheetStopsSizingThem();
 };
 
 void tst_ChildRowState::rowComesBackAsItWas_data()
@@ -204,6 +207,53 @@ void tst_ChildRowState::newSheetFitsTheFullNamesAfresh()
     // shows it whole: the fit changed.
     QVERIFY(upper->text() != fittedBefore);
     QCOMPARE(upper->text().endsWith(QLatin1String("...")), after > before);
+    qApp->setStyleSheet(QString());
+}
+
+void tst_ChildRowState::rowsGetTheirHeightBackWhenANewSheetStopsSizingThem_data()
+{
+    QTest::addColumn<bool>("root");
+    QTest::newRow("child row") << false;
+    QTest::newRow("root row") << true;
+}
+
+// A sheet sizes the selected look; the next sheet does not: the selected row
+// is its own height again, as it is once it is no longer selected.
+void tst_ChildRowState::rowsGetTheirHeightBackWhenANewSheetStopsSizingThem()
+{
+    QFETCH(bool, root);
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    QWidget *row = nullptr;
+    int height = 0;
+    if (root) {
+        auto *item = new RootItem(&window);
+        item->initItem(0, 0);
+        item->setSelected(true);
+        row = item;
+        height = RootItem::kRowHeight;
+    } else {
+        auto *item = new SecondItem(&window);
+        item->initItem(0, 0);
+        NodeFactory factory;
+        item->setNodeInfo(factory.node(QStringList{QStringLiteral("HDMI 1"), QStringLiteral("SDI")}, 1));
+        item->setPressed(true);
+        row = item;
+        height = SecondItem::kRowHeight;
+    }
+    layout->addWidget(row);
+    layout->addStretch();
+    qApp->setStyleSheet(QStringLiteral("RootItem[isRootItem=\"press\"], #SignalSecondItem[isSecondItem=\"press\"] "
+                                       "{ min-height: 70px; max-height: 70px; }"));
+    window.resize(320, 200);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(row->height(), 70);
+
+    qApp->setStyleSheet(QStringLiteral("QLabel { font-size: 30px; }"));
+    QCOMPARE(row->minimumHeight(), height);
+    QCOMPARE(row->maximumHeight(), height);
+    QTRY_COMPARE(row->height(), height);
     qApp->setStyleSheet(QString());
 }
 
