@@ -53,11 +53,22 @@ private:
         bool pressed = false;
         bool hovered = false;
         bool focused = false;
+        bool operator==(const Look &other) const
+        {
+            return pressed == other.pressed && hovered == other.hovered && focused == other.focused;
+        }
     };
+    /// The longest round of look changes looked for twice in a row.
+    static constexpr int kLongestRound = 16;
     /// Writes the changes from the look last written to the look now.
     void writeLook();
     /// The look the events leave.
     Look lookNow() const;
+    /// The look the first @p count events leave (from the first polish on).
+    Look lookAt(int count) const;
+    static void apply(Look &look, Event event);
+    /// Drops the last round of look changes when it repeats the one before.
+    void dropRepeatedCycle();
 
     QByteArray m_events;
     bool m_polished = false;

@@ -54,6 +54,8 @@ private slots:
     void cleanup() { qApp->setStyleSheet(QString()); }
     void rowComesBackAsItWas_data();
     void rowComesBackAsItWas();
+    void historyStaysShortThroughRounds_data();
+    void historyStaysShortThroughRounds();
     void newSheetFitsTheFullNamesAfresh_data();
     void newSheetFitsTheFullNamesAfresh();
     void rowsGetTheirHeightBackWhenANewSheetStopsSizingThem_data();
@@ -147,6 +149,65 @@ void tst_ChildRowState::rowComesBackAsItWas()
         }
     }
     QVERIFY2(differs, "no row's fonts depend on its past here");
+}
+
+void tst_ChildRowState::historyStaysShortThroughRounds_data()
+{
+    QTest::addColumn<QStringList>("round");
+    QTest::newRow("hovered, again and again") << QStringList{"hover 1"};
+    QTest::newRow("selected and not, again and again") << QStringList{"select 1", "select 0"};
+    QTest::newRow("hovered while selected and while not")
+        << QStringList{"select 1", "hover 1", "select 2", "hover 1", "hover 2"};
+}
+
+// What a row keeps of its past grows with its looks, not with how often the
+// pointer and the selection came by; and a row made again from it still has
+// the fonts the row has.
+void tst_ChildRowState::historyStaysShortThroughRounds()
+{
+    QFETCH(QStringList, round);
+    qApp->setStyleSheet(QLatin1String(kPolishTimeSheet));
+    QWidget window;
+    window.resize(380, 500);
+    auto *layout = new QVBoxLayout(&window);
+    auto *panel = new QWidget(&window);
+    layout->addWidget(panel);
+    auto *list = new SignalTreeList(panel);
+    list->initControls();
+    const NodeFactory nodes;
+    st_NodeInfoSignal root = nodes.node({QStringLiteral("R0")}, QStringLiteral("S0"));
+    list->addRootItem(root, nodes.children(QStringLiteral("R0"), 3, QStringLiteral("S0")));
+    list->setIsShowChildItem(0, true);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    settle();
+    DrawerControl *drawer = qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame())->drawers().at(0);
+    const auto longest = [drawer] {
+        int n = 0;
+        for (SecondItem *row : drawer->secondItems())
+            n = qMax(n, int(row->lookHistory().events().size()));
+        return n;
+    };
+    int afterFew = 0;
+    for (int i = 0; i < 200; ++i) {
+        for (const QString &step : round) {
+            const int row = step.section(QLatin1Char(' '), 1, 1).toInt();
+            if (step.startsWith(QLatin1String("hover"))) {
+                EventSender::sendEnter(drawer->secondItems().at(row));
+                EventSender::sendLeave(drawer->secondItems().at(row));
+            } else {
+                list->setCurSelItem(QList<int>{0, row});
+            }
+        }
+        if (i == 3)
+            afterFew = longest();
+    }
+    settle();
+    QCOMPARE(longest(), afterFew);
+    QVERIFY(afterFew < 40);
+    LayoutCheck check(list);
+    const QStringList differences = check.roundTripDifferences();
+    QVERIFY2(differences.isEmpty(), qPrintable(differences.join(QLatin1Char('\n'))));
 }
 
 void tst_ChildRowState::newSheetFitsTheFullNamesAfresh_data()
