@@ -566,13 +566,11 @@ bool DrawerControl::rowOffersButton(int index, bool edit) const
     }
     if (index >= rowCount())
         return false;
-    if (m_pPending) {
-        const ButtonFlags &flags = m_pPending->rows().at(index).buttons;
-        return edit ? flags.edit : flags.remove;
-    }
-    if (const SecondItem *pItem = m_lstSecondItem.at(index))
+    if (const SecondItem *pItem = m_pPending ? nullptr : m_lstSecondItem.at(index))
         return edit ? pItem->showsEditButton() : pItem->showsDeleteButton();
-    const ButtonFlags &flags = m_lstSlots.at(index)->parked()->buttons;
+    // Waiting for the first expansion, or parked.
+    const ButtonFlags &flags =
+        m_pPending ? m_pPending->rows().at(index).buttons : m_lstSlots.at(index)->parked()->buttons;
     return edit ? flags.edit : flags.remove;
 }
 

@@ -152,7 +152,8 @@ QRect DrawerControl::rowGeometry(int index) const
 
 bool DrawerControl::setParkedRowFocus(int index, bool focused)
 {
-    ChildRowState *state = m_bRowSlots && index >= 0 && index < m_lstSlots.size() ? m_lstSlots.at(index)->parked() : nullptr;
+    RowSlot *pSlot = m_bRowSlots && index >= 0 && index < m_lstSlots.size() ? m_lstSlots.at(index) : nullptr;
+    ChildRowState *state = pSlot ? pSlot->parked() : nullptr;
     if (!state || !m_pRowMetrics)
         return false;
     // As the property: set to what it is, it changes nothing.
@@ -168,7 +169,6 @@ bool DrawerControl::setParkedRowFocus(int index, bool focused)
     // A look whose size bounds leave out the row's size resizes the widget
     // at once, which fits its lines by fonts half way through the change:
     // only a widget knows them.
-    RowSlot *pSlot = m_lstSlots.at(index);
     const SlotMetrics before = m_pRowMetrics->child(RowMetrics::lookOf(*state));
     ChildRowState after = *state;
     after.history.add(change);

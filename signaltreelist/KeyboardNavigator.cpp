@@ -96,12 +96,15 @@ void KeyboardNavigator::setFocusRow(const RowRef &row, bool scroll)
     publish(row, m_pFrame->hasFocus());
     QWidget *widget = ShownRows::widget(row);
     if (scroll && m_pScrollArea && widget && widget->isVisible()) {
-        // Scrolled to where the row is once the layouts have caught up with
-        // the last change, not to where it was before: a layout request
-        // climbs one level per pass.
+        // Scrolled to where the row is once the list's layouts have caught
+        // up with the last change, not to where it was before: a layout
+        // request climbs one level per pass, from the row's container up to
+        // the frame (the host's own layouts keep their turn).
         QPointer<QWidget> guard(widget);
-        for (int level = 0; level < 8 && guard; ++level)
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        for (int pass = 0; pass < 8 && guard; ++pass) {
+            for (QWidget *w = guard->parentWidget(); w; w = w == m_pFrame ? nullptr : w->parentWidget())
+                QCoreApplication::sendPostedEvents(w, QEvent::LayoutRequest);
+        }
         if (guard && guard->isVisible())
             m_pScrollArea->ensureWidgetVisible(guard, 0, 0);
     }

@@ -20,22 +20,7 @@ void LookHistory::add(Event event)
         return;
     }
     if (!m_polished) {
-        switch (event) {
-        case Press:
-        case Release:
-            m_look.pressed = event == Press;
-            break;
-        case Enter:
-        case Leave:
-            m_look.hovered = event == Enter;
-            break;
-        case FocusOn:
-        case FocusOff:
-            m_look.focused = event == FocusOn;
-            break;
-        default:
-            break;
-        }
+        apply(m_look, event);
         return;
     }
     // The same look again: nothing is re-polished.

@@ -37,11 +37,41 @@ SecondItem QLabel { font-size: 9px; }
 
 void settle()
 {
-    for (int i = 0; i < 5; ++i) {
-        QCoreApplication::processEvents();
-        EventSender::flushDeferredDeletes();
-    }
+    EventSender::settle(5);
 }
+
+// A list with one group "R0" of three rows, in a window of its own, under
+// the sheet whose fonts depend on when rows are polished.
+struct OneGroup
+{
+    OneGroup()
+    {
+        qApp->setStyleSheet(QLatin1String(kPolishTimeSheet));
+        window.resize(380, 500);
+        auto *layout = new QVBoxLayout(&window);
+        auto *panel = new QWidget(&window);
+        layout->addWidget(panel);
+        list = new SignalTreeList(panel);
+        list->initControls();
+        st_NodeInfoSignal root = nodes.node({QStringLiteral("R0")}, QStringLiteral("S0"));
+        list->addRootItem(root, nodes.children(QStringLiteral("R0"), 3, QStringLiteral("S0")));
+    }
+    bool show()
+    {
+        window.show();
+        const bool exposed = QTest::qWaitForWindowExposed(&window);
+        settle();
+        return exposed;
+    }
+    DrawerControl *drawer() const
+    {
+        return qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame())->drawers().at(0);
+    }
+
+    const NodeFactory nodes;
+    QWidget window;
+    SignalTreeList *list = nullptr;
+};
 
 } // namespace
 
@@ -81,22 +111,11 @@ void tst_ChildRowState::rowComesBackAsItWas()
 {
     QFETCH(QString, steps);
     QFETCH(bool, pastShows);
-    qApp->setStyleSheet(QLatin1String(kPolishTimeSheet));
-    QWidget window;
-    window.resize(380, 500);
-    auto *layout = new QVBoxLayout(&window);
-    auto *panel = new QWidget(&window);
-    layout->addWidget(panel);
-    auto *list = new SignalTreeList(panel);
-    list->initControls();
-    const NodeFactory nodes;
-    st_NodeInfoSignal root = nodes.node({QStringLiteral("R0")}, QStringLiteral("S0"));
-    list->addRootItem(root, nodes.children(QStringLiteral("R0"), 3, QStringLiteral("S0")));
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    settle();
-    auto *frame = qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame());
-    DrawerControl *drawer = frame->drawers().at(0);
+    OneGroup group;
+    QVERIFY(group.show());
+    SignalTreeList *list = group.list;
+    const NodeFactory &nodes = group.nodes;
+    DrawerControl *drawer = group.drawer();
     drawer->buildRows();
     for (const QString &step : steps.split(QLatin1Char(';'))) {
         const QString verb = step.section(QLatin1Char(' '), 0, 0);
@@ -166,22 +185,11 @@ void tst_ChildRowState::historyStaysShortThroughRounds_data()
 void tst_ChildRowState::historyStaysShortThroughRounds()
 {
     QFETCH(QStringList, round);
-    qApp->setStyleSheet(QLatin1String(kPolishTimeSheet));
-    QWidget window;
-    window.resize(380, 500);
-    auto *layout = new QVBoxLayout(&window);
-    auto *panel = new QWidget(&window);
-    layout->addWidget(panel);
-    auto *list = new SignalTreeList(panel);
-    list->initControls();
-    const NodeFactory nodes;
-    st_NodeInfoSignal root = nodes.node({QStringLiteral("R0")}, QStringLiteral("S0"));
-    list->addRootItem(root, nodes.children(QStringLiteral("R0"), 3, QStringLiteral("S0")));
+    OneGroup group;
+    SignalTreeList *list = group.list;
     list->setIsShowChildItem(0, true);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    settle();
-    DrawerControl *drawer = qobject_cast<TreeListFrame *>(list->getSignalTreeListFrame())->drawers().at(0);
+    QVERIFY(group.show());
+    DrawerControl *drawer = group.drawer();
     const auto longest = [drawer] {
         int n = 0;
         for (SecondItem *row : drawer->secondItems())

@@ -75,16 +75,8 @@ int envInt(const char *name, int fallback)
     return ok ? value : fallback;
 }
 
-// Until the event loop has settled: a layout change can post a chain of
-// layout requests up through the frame and the scroll area, one level a
-// turn, and a list with more widgets may need more turns than the other.
-void settle()
-{
-    for (int i = 0; i < 10; ++i) {
-        QCoreApplication::processEvents();
-        EventSender::flushDeferredDeletes();
-    }
-}
+// A list with more widgets may need more turns than the other.
+using EventSender::settle;
 
 // One list in a window of its own: the reference or the shipped one.
 struct Side

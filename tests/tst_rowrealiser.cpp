@@ -30,13 +30,7 @@
 
 namespace {
 
-void settle()
-{
-    for (int i = 0; i < 10; ++i) {
-        QCoreApplication::processEvents();
-        EventSender::flushDeferredDeletes();
-    }
-}
+using EventSender::settle;
 
 struct Side
 {

@@ -33,4 +33,12 @@ void flushDeferredDeletes()
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+void settle(int turns)
+{
+    for (int i = 0; i < turns; ++i) {
+        QCoreApplication::processEvents();
+        flushDeferredDeletes();
+    }
+}
+
 } // namespace EventSender

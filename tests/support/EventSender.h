@@ -21,4 +21,9 @@ void parkPointer();
 // the event loop would next.
 void flushDeferredDeletes();
 
+// Lets the event loop settle: @p turns turns, each followed by the deferred
+// deletions. A layout change can post a chain of layout requests up through
+// the frame and the scroll area, one level a turn.
+void settle(int turns = 10);
+
 } // namespace EventSender
