@@ -151,11 +151,11 @@ public:
     /// Child row @p index as a widget: built if it waits for the first
     /// expansion, made again if it is parked; null when there is none.
     SecondItem *realiseRow(int index);
-    /// Realises the child rows that touch @p band (the container's
-    /// coordinates) and parks the others that can go. With @p shown false
-    /// (the children are not on screen) every row that can go is parked;
-    /// with @p park false none is.
-    void placeRows(const QRect &band, bool shown, bool park = true);
+    /// Realises the child rows that touch @p realise and parks those that
+    /// are clear of @p keep and can go (both in the container's
+    /// coordinates). With @p shown false (the children are not on screen)
+    /// every row that can go is parked; with @p park false none is.
+    void placeRows(const QRect &realise, const QRect &keep, bool shown, bool park = true);
     /// Where child row @p index is, in the container's coordinates.
     QRect rowGeometry(int index) const;
     /// Child rows that are widgets now.

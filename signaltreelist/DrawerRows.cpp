@@ -118,7 +118,7 @@ void DrawerControl::parkRow(int index)
     delete pItem;
 }
 
-void DrawerControl::placeRows(const QRect &band, bool shown, bool park)
+void DrawerControl::placeRows(const QRect &realise, const QRect &keep, bool shown, bool park)
 {
     if (!m_bRowSlots || m_pPending)
         return;
@@ -133,10 +133,10 @@ void DrawerControl::placeRows(const QRect &band, bool shown, bool park)
         const RowSlot *pSlot = m_lstSlots.at(i);
         if (!pSlot->laidOut())
             continue;
-        const bool near = shown && pSlot->geometry().intersects(band);
-        if (near && !m_lstSecondItem.at(i))
+        const QRect place = pSlot->geometry();
+        if (shown && place.intersects(realise) && !m_lstSecondItem.at(i))
             realiseRow(i);
-        else if (!near && park && parkable(i))
+        else if ((!shown || !place.intersects(keep)) && park && parkable(i))
             parkRow(i);
     }
 }

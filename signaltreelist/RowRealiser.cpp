@@ -34,7 +34,7 @@ RowRealiser::RowRealiser(QScrollArea *area, std::function<QList<DrawerControl *>
     // whoever scrolled (ensureWidgetVisible() scrolls one way, then the
     // other, and the widget it was given must live through both).
     const auto scrolled = [this] {
-        pass(false);
+        pass(Scrolled);
         schedule();
     };
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
@@ -56,7 +56,7 @@ void RowRealiser::timerEvent(QTimerEvent *event)
         return QObject::timerEvent(event);
     killTimer(m_iTimer);
     m_iTimer = 0;
-    pass();
+    pass(Settled);
 }
 
 bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
@@ -78,7 +78,7 @@ bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void RowRealiser::pass(bool park)
+void RowRealiser::pass(Moment moment)
 {
     QWidget *content = m_pContent;
     const QWidget *viewport = m_pViewport;
@@ -87,17 +87,23 @@ void RowRealiser::pass(bool park)
     if (!content || !viewport || m_bPassing || !s_bParking)
         return;
     m_bPassing = true;
-    // The viewport in the content's coordinates, and a viewport's height
-    // above and below it, so that a page up or down finds its rows there.
-    QRect band(content->mapFrom(viewport, QPoint(0, 0)), viewport->size());
-    band.adjust(0, -band.height(), 0, band.height());
+    // The viewport in the content's coordinates. While scrolling only what
+    // is about to be painted is made; once the list is idle, a page above
+    // and below it too, so that the next page finds its rows there, and
+    // rows are parked only beyond two pages, so that scrolling to and fro
+    // does not make the same rows again and again.
+    const QRect viewed(content->mapFrom(viewport, QPoint(0, 0)), viewport->size());
+    const int page = viewed.height();
+    const QRect realise = moment == Scrolled ? viewed : viewed.adjusted(0, -page, 0, page);
+    const QRect keep = viewed.adjusted(0, -2 * page, 0, 2 * page);
     const bool listShown = content->isVisible();
     for (DrawerControl *drawer : m_drawers()) {
         QFrame *container = drawer ? drawer->childContainer() : nullptr;
         if (!container || drawer->rowsDeferred() || !content->isAncestorOf(container))
             continue;
         const bool shown = listShown && !drawer->isHidden() && drawer->showsChildren();
-        drawer->placeRows(band.translated(-container->mapTo(content, QPoint(0, 0))), shown, park);
+        const QPoint origin = container->mapTo(content, QPoint(0, 0));
+        drawer->placeRows(realise.translated(-origin), keep.translated(-origin), shown, moment != Scrolled);
     }
     m_bPassing = false;
 }

@@ -19,9 +19,10 @@ class QScrollArea;
  * Keeps the child rows of a list widgets while they are in or near the
  * viewport, and parks the others (DrawerControl::placeRows()).
  *
- * A pass runs at once when the list scrolls, so that the rows are there
- * before the viewport is painted, and in the next turn of the event loop
- * when rows were placed anew, shown or hidden, or the viewport changed size.
+ * A pass runs at once when the list scrolls, so that the rows in view are
+ * there before the viewport is painted, and in the next turn of the event
+ * loop (after the paint) when the list scrolled, rows were placed anew,
+ * shown or hidden, or the viewport changed size.
  */
 class RowRealiser : public QObject
 {
@@ -30,8 +31,12 @@ public:
 
     /// A pass in the next turn of the event loop (once, however often asked).
     void schedule();
-    /// A pass now; with @p park false it only makes rows.
-    void pass(bool park = true);
+    /// When a pass runs: as the list scrolls, it makes the rows about to be
+    /// painted and parks none; once things settled, it makes the rows near
+    /// the viewport and parks those far from it.
+    enum Moment { Scrolled, Settled };
+    /// A pass now.
+    void pass(Moment moment = Settled);
 
     /// Whether rows off screen are parked at all. Off for now: making rows
     /// again is too slow for paging (see the README); tests turn it on.

@@ -217,6 +217,42 @@ private slots:
         QCOMPARE(twin.shipped.drawer(0)->realisedRows(), 0);
     }
 
+    void aPageDownFindsItsRowsMade()
+    {
+        // Rows a page away are made once the list is idle, so that paging
+        // makes none before it paints; those in view are there even so.
+        Twin twin(40, 12);
+        QVERIFY(twin.exposed());
+        twin.scrollTo(30);
+        QScrollBar *bar = twin.shipped.bar();
+        for (int step : {1, 1, -1, -1, -1}) {
+            const int before = twin.shipped.widgets();
+            bar->setValue(bar->value() + step * bar->pageStep());
+            QCOMPARE(twin.shipped.widgets(), before);
+            const QString missing = rowsOnScreenAreWidgets(twin.shipped);
+            QVERIFY2(missing.isEmpty(), qPrintable(missing));
+            settle();
+        }
+        // The rows the second page down made, now three pages below the
+        // viewport, went when the list was idle; those of the next page stay.
+        int gone = 0;
+        const QList<DrawerControl *> drawers = twin.shipped.frame()->drawers();
+        QWidget *viewport = twin.shipped.frame()->scrollArea()->viewport();
+        const int page = viewport->height();
+        for (DrawerControl *d : drawers) {
+            for (int c = 0; c < d->rowCount(); ++c) {
+                const int top = d->rowGeometry(c).translated(d->childContainer()->mapTo(viewport, QPoint(0, 0))).top();
+                if (top > 3 * page && top < 4 * page) {
+                    QVERIFY2(!d->builtRow(c), "a row three pages off is still a widget");
+                    ++gone;
+                } else if (top > page && top < 2 * page) {
+                    QVERIFY2(d->builtRow(c), "a row of the next page is no widget");
+                }
+            }
+        }
+        QVERIFY(gone > 0);
+    }
+
     void scrollingWhileTheHostEdits_data()
     {
         QTest::addColumn<QStringList>("script");
