@@ -8,6 +8,7 @@
 #include "PendingRows.h"
 #include "QtCompat.h"
 #include "RootItem.h"
+#include "RowReplay.h"
 #include "RowMetrics.h"
 #include "RowSlot.h"
 #include "SecondItem.h"
@@ -223,35 +224,25 @@ void DrawerControl::createSingle(const st_NodeInfoSignal &node, int rootIndex, i
 
 void DrawerControl::buildRows()
 {
+    buildRowsAs(false);
+}
+
+void DrawerControl::buildRowsAs(bool parked)
+{
     if (!m_pPending)
         return;
-    // From here on the rows are widgets: the helpers below act on them.
+    // From here on the rows are built: the helpers below act on them.
     const std::unique_ptr<PendingRows> pending = std::move(m_pPending);
     // The layout the calls would have left: their spacings, then every row.
     m_iSpacings = pending->spacings();
     for (int i = 0; i < pending->spacings(); ++i)
         m_pChildLayout->addSpacing(8);
     for (const PendingRows::Row &row : pending->rows()) {
+        if (parked && adoptParkedRow(row))
+            continue;
         SecondItem *pItem = new SecondItem(m_pContainer);
         pItem->initItem(row.rootIndex, row.childIndex);
-        for (const PendingRows::Event &event : row.events) {
-            switch (event.kind) {
-            case PendingRows::Event::Texts:
-                pItem->setNodeInfo(event.node);
-                break;
-            case PendingRows::Event::Press:
-                pItem->setPressed(event.pressed);
-                break;
-            case PendingRows::Event::Polish:
-                pItem->ensurePolished();
-                break;
-            }
-        }
-        if (row.unpolishedPress >= 0)
-            pItem->setPressed(row.unpolishedPress == 1);
-        pItem->setOpBtnShow(row.buttons.toList());
-        if (row.hasToolTip)
-            pItem->setToolTip(row.toolTip);
+        RowReplay::replay(pItem, row);
         adoptRow(pItem);
     }
 }
@@ -685,12 +676,19 @@ void DrawerControl::slot_OnSecondItemCaptureBtnClicked()
 
 void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
 {
-    if (bIsShow)
-        buildRows();
+    // Rows that will be parked once out of sight are built parked, as the
+    // state their widgets would have once shown: those of a drawer Qt has
+    // yet to polish when Qt polishes it (their widgets would be polished
+    // with it), the others now if the drawer is on screen (the rows in view
+    // are made right after).
+    const bool mayPark = bIsShow && m_pPending && rowsMayPark();
+    const bool parkNow = mayPark && testAttribute(Qt::WA_WState_Polished) && isVisible();
+    if (bIsShow && (!mayPark || testAttribute(Qt::WA_WState_Polished)))
+        buildRowsAs(parkNow);
     m_bIsShowChild = bIsShow;
     if (m_pContainer)
         m_pContainer->setVisible(bIsShow);
-    noteRowsMoved();
+    noteRowsMoved(parkNow);
 }
 
 void DrawerControl::slot_OnEditBtnClicked()
@@ -732,8 +730,11 @@ bool DrawerControl::event(QEvent *event)
 {
     // Qt polishes the rows with the drawer, the first time it is shown: the
     // rows waiting to be built note when, to be polished at that point.
-    if (event->type() == QEvent::Polish && m_pPending)
+    if (event->type() == QEvent::Polish && m_pPending) {
         m_pPending->polish();
+        if (m_bIsShowChild && rowsMayPark())
+            buildRowsAs(true);
+    }
     return CLanguageTranslateFrame::event(event);
 }
 

@@ -4,6 +4,7 @@
 #ifndef SIGNALTREELIST_DRAWERCONTROL_H
 #define SIGNALTREELIST_DRAWERCONTROL_H
 
+#include "PendingRows.h"
 #include "st_NodeInfoSignal.h"
 
 #include <CLanguageTranslateFrame.h>
@@ -169,8 +170,9 @@ public:
     /// Child row @p index as it is kept while parked, or null.
     const ChildRowState *parkedRow(int index) const;
     /// Called when a row was placed anew or the children were shown or
-    /// hidden: what is on screen may have changed.
-    void setRowsMovedHandler(std::function<void()> handler);
+    /// hidden: what is on screen may have changed. With true, the rows on
+    /// screen are to be made at once (the children just showed, parked).
+    void setRowsMovedHandler(std::function<void(bool)> handler);
 
     // Read access for the container's diagnostics and for tests.
     RootItem *rootItem() const;
@@ -227,13 +229,23 @@ private:
     /// Whether row @p index is a widget that may be parked now.
     bool parkable(int index) const;
     void parkRow(int index);
-    /// Tells the frame that what is on screen may have changed.
-    void noteRowsMoved();
+    /// Tells the frame that what is on screen may have changed; @p now: rows
+    /// that show must be made before anything is painted.
+    void noteRowsMoved(bool now = false);
     void pressRow(int index);
     /// The selected look on row @p index, built or waiting.
     void showSelectedLook(int index);
     void notePolishOfNewRows();
     void buildRowsIfDue();
+    /// Builds the waiting rows, as widgets or (@p parked) parked where they
+    /// can be.
+    void buildRowsAs(bool parked);
+    /// Whether rows are parked once out of sight: laid out by slots, with
+    /// parking on.
+    bool rowsMayPark() const;
+    /// Lays out @p row parked as the state its widget would have once
+    /// shown; false when it cannot be (then it must be a widget).
+    bool adoptParkedRow(const PendingRows::Row &row);
     void renumberRows();
     void connectSecondItemButtons(SecondItem *pItem);
     /// Emits @p signal with a copy of the selection path.
@@ -273,7 +285,7 @@ private:
     QPointer<RowMetrics> m_pRowMetrics;
     /// The slot of every child row, in row order (rows laid out by slots).
     QVector<RowSlot *> m_lstSlots;
-    std::function<void()> m_rowsMoved;
+    std::function<void(bool)> m_rowsMoved;
     static bool s_bDeferRows;
 };
 

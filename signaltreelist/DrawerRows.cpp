@@ -10,6 +10,8 @@
 
 #include "HandlerGuard.h"
 #include "RowMetrics.h"
+#include "RowRealiser.h"
+#include "RowReplay.h"
 #include "RowSlot.h"
 #include "SecondItem.h"
 
@@ -200,13 +202,32 @@ int DrawerControl::realisedRows() const
     return int(m_lstSecondItem.size() - m_lstSecondItem.count(nullptr));
 }
 
-void DrawerControl::setRowsMovedHandler(std::function<void()> handler)
+void DrawerControl::setRowsMovedHandler(std::function<void(bool)> handler)
 {
     m_rowsMoved = std::move(handler);
 }
 
-void DrawerControl::noteRowsMoved()
+void DrawerControl::noteRowsMoved(bool now)
 {
     if (m_rowsMoved)
-        m_rowsMoved();
+        m_rowsMoved(now);
+}
+
+bool DrawerControl::rowsMayPark() const
+{
+    return m_bRowSlots && m_pRowMetrics && RowRealiser::parking();
+}
+
+bool DrawerControl::adoptParkedRow(const PendingRows::Row &row)
+{
+    auto state = std::make_unique<ChildRowState>();
+    QSize size;
+    if (!RowReplay::shownState(*m_pRowMetrics, row, devicePixelRatioF(), *state, size))
+        return false;
+    RowSlot *pSlot = newSlot(nullptr);
+    pSlot->park(std::move(state), size);
+    m_lstSlots.append(pSlot);
+    m_pChildLayout->addItem(pSlot);
+    m_lstSecondItem.append(nullptr);
+    return true;
 }

@@ -299,9 +299,19 @@ QWidget *RowMetrics::prototypeRowParent()
     return m_pDrawer ? m_pDrawer->childContainer() : nullptr;
 }
 
+const RowMetrics::ChildShape &RowMetrics::childShape(const QByteArray &key,
+                                                    const std::function<ChildShape(QWidget *)> &measure)
+{
+    auto known = m_shapes.constFind(key);
+    if (known == m_shapes.constEnd())
+        known = m_shapes.insert(key, measure(prototypeRowParent()));
+    return *known;
+}
+
 void RowMetrics::forget()
 {
     m_fonts.clear();
+    m_shapes.clear();
     m_children.clear();
     m_roots.clear();
 }

@@ -14,7 +14,11 @@
 #include <QPair>
 #include <QPointer>
 #include <QRect>
+#include <QSharedPointer>
 #include <QString>
+#include <QVector>
+
+#include <functional>
 
 class DrawerControl;
 class QWidget;
@@ -65,6 +69,18 @@ public:
     /// history @p history (LookHistory::events()): a new row is put through
     /// that history among the prototypes.
     QPair<QFont, QFont> childFonts(const QByteArray &history);
+    /// A child row of one shape of past (RowReplay), as it is once shown:
+    /// its state apart from its names, the fonts of its lines at each fit
+    /// of them, and its size before any layout placed it.
+    struct ChildShape
+    {
+        QSharedPointer<ChildRowState> state;
+        QVector<QPair<QFont, QFont>> fits;
+        QSize size;
+    };
+    /// The shape named @p key: @p measure is given a row parent among the
+    /// prototypes to measure it on, unless it is known.
+    const ChildShape &childShape(const QByteArray &key, const std::function<ChildShape(QWidget *)> &measure);
     SlotMetrics root(const RootLook &look);
     BoxSlot::Frame drawerFrame();
     BoxSlot::Frame rowContainerFrame();
@@ -93,6 +109,7 @@ private:
     QHash<QString, SlotMetrics> m_children;
     QHash<QString, SlotMetrics> m_roots;
     QHash<QByteArray, QPair<QFont, QFont>> m_fonts;
+    QHash<QByteArray, ChildShape> m_shapes;
 };
 
 #endif // SIGNALTREELIST_ROWMETRICS_H

@@ -48,6 +48,16 @@ void RowRealiser::schedule()
 {
     if (m_iTimer == 0)
         m_iTimer = startTimer(0);
+    // The pass comes after the next paint: until then the window's paint
+    // asks for the rows in view first.
+    QWidget *window = m_pViewport ? m_pViewport->window() : nullptr;
+    if (window != m_pWindow) {
+        if (m_pWindow)
+            m_pWindow->removeEventFilter(this);
+        m_pWindow = window;
+        if (window)
+            window->installEventFilter(this);
+    }
 }
 
 void RowRealiser::timerEvent(QTimerEvent *event)
@@ -61,9 +71,17 @@ void RowRealiser::timerEvent(QTimerEvent *event)
 
 bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
 {
+    // Qt paints a window's widgets on this event: rows that came into view
+    // since the last pass are made first.
+    if (watched == m_pWindow && event->type() == QEvent::UpdateRequest && m_iTimer != 0)
+        pass(Scrolled);
+
     if (m_pContent && watched == m_pContent) {
         // A new style reaches every widget of the list: the parked rows
         // take it where they are kept.
+        // The drawers are placed anew.
+        if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)
+            schedule();
         if (event->type() == QEvent::StyleChange) {
             for (DrawerControl *drawer : m_drawers()) {
                 if (drawer)
@@ -97,13 +115,29 @@ void RowRealiser::pass(Moment moment)
     const QRect realise = moment == Scrolled ? viewed : viewed.adjusted(0, -page, 0, page);
     const QRect keep = viewed.adjusted(0, -2 * page, 0, 2 * page);
     const bool listShown = content->isVisible();
+    bool stale = false;
     for (DrawerControl *drawer : m_drawers()) {
         QFrame *container = drawer ? drawer->childContainer() : nullptr;
         if (!container || drawer->rowsDeferred() || !content->isAncestorOf(container))
             continue;
         const bool shown = listShown && !drawer->isHidden() && drawer->showsChildren();
+        // Where rows are is known once the drawer has the height its rows
+        // ask for: until the layouts catch up, a pass leaves its rows as
+        // they are (drawers whose rows were just built, still squeezed
+        // together at the height they had closed, would all look near).
+        if (shown && moment == Settled && drawer->height() != drawer->sizeHint().height()) {
+            stale = true;
+            continue;
+        }
         const QPoint origin = container->mapTo(content, QPoint(0, 0));
         drawer->placeRows(realise.translated(-origin), keep.translated(-origin), shown, moment != Scrolled);
     }
     m_bPassing = false;
+    // The layouts run in the next turns; a few more passes wait for them
+    // (most are seen through the content's layout request anyway).
+    if (moment == Settled)
+        m_iWaits = stale ? m_iWaits + 1 : 0;
+    if (stale && m_iWaits <= kMostWaits)
+        schedule();
 }
+

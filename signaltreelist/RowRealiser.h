@@ -22,7 +22,8 @@ class QScrollArea;
  * A pass runs at once when the list scrolls, so that the rows in view are
  * there before the viewport is painted, and in the next turn of the event
  * loop (after the paint) when the list scrolled, rows were placed anew,
- * shown or hidden, or the viewport changed size.
+ * shown or hidden, or the viewport changed size; a paint of the window
+ * before that turn makes the rows in view first.
  */
 class RowRealiser : public QObject
 {
@@ -52,8 +53,13 @@ private:
     // area's own destructor, in which events still reach this filter.
     QPointer<QWidget> m_pViewport;
     QPointer<QWidget> m_pContent;
+    // The window whose paint waits for the rows in view (see schedule()).
+    QPointer<QWidget> m_pWindow;
     std::function<QList<DrawerControl *>()> m_drawers;
     int m_iTimer = 0;
+    // Passes in a row that waited for the layouts, and how many may.
+    int m_iWaits = 0;
+    static constexpr int kMostWaits = 4;
     bool m_bPassing = false;
     static bool s_bParking;
 };

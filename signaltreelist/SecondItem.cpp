@@ -303,6 +303,16 @@ void SecondItem::setDownText(QString text)
     fitTexts();
 }
 
+QString SecondItem::iconPathOf(int type, bool online)
+{
+    return signalIconPath(type, online);
+}
+
+void SecondItem::traceFits(QVector<QPair<QFont, QFont>> *trace)
+{
+    m_pFitTrace = trace;
+}
+
 void SecondItem::setSignalIcon(int type, bool online)
 {
     if (!m_qlIcon)
@@ -661,6 +671,8 @@ void SecondItem::fitTexts()
     lines.shown[0] = m_qlUpper->text();
     lines.shown[1] = m_qlDown->text();
     TextFit::fit(lines, full, widths, metrics, limit);
+    if (m_pFitTrace)
+        m_pFitTrace->append(qMakePair(m_qlUpper->font(), m_qlDown->font()));
     for (int i = 0; i < 2; ++i) {
         if (labels[i]->text() != lines.shown[i])
             labels[i]->setText(lines.shown[i]);

@@ -13,6 +13,10 @@
 
 #include <CLanguageTranslateFrame.h>
 
+#include <QFont>
+#include <QPair>
+#include <QVector>
+
 class QFrame;
 class QHBoxLayout;
 class QLabel;
@@ -92,6 +96,11 @@ public:
     /// Whether setPressed(@p pressed) would leave a row kept as @p state
     /// looking as it does.
     static bool pressKeeps(const ChildRowState &state, bool pressed);
+    /// The connector picture of signal @p type, in colour when @p online.
+    static QString iconPathOf(int type, bool online);
+    /// Notes the fonts of the name lines (upper, lower) at every fit of
+    /// them into @p trace, until called with null.
+    void traceFits(QVector<QPair<QFont, QFont>> *trace);
 
 signals:
     void signal_OnItemClicked();
@@ -155,6 +164,7 @@ private:
     TextWidthMemo *m_pWidthMemo = nullptr;
     // Set while a row made again is put in its place.
     bool m_bKeepLines = false;
+    QVector<QPair<QFont, QFont>> *m_pFitTrace = nullptr;
 };
 
 #endif // SIGNALTREELIST_SECONDITEM_H

@@ -85,9 +85,12 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
 
     DrawerControl *pDrawer = new DrawerControl(m_pDrawerContainer);
     pDrawer->setRowMetrics(m_pRowMetrics.get());
-    pDrawer->setRowsMovedHandler([realiser = m_pRealiser] {
-        if (realiser)
-            realiser->schedule();
+    pDrawer->setRowsMovedHandler([realiser = m_pRealiser](bool now) {
+        if (!realiser)
+            return;
+        if (now)
+            realiser->pass(RowRealiser::Scrolled);
+        realiser->schedule();
     });
     pDrawer->initRootItem(rootNode.iType == 0 ? 1 : 0, position);
     pDrawer->setIsDrag(m_bIsDrag);

@@ -12,7 +12,8 @@ set(layer_0 HandlerGuard RepolishGuard LayoutInstall QtCompat StyleConstants Tab
 set(layer_1 st_NodeInfoSignal NodeInfoTrace TreeListModel ButtonFlags PendingRows ChildRowState LookHistory TextFit RowTexts
             TreeListObserver)
 set(layer_2 LayoutSlots TreeLayout)
-set(layer_3 SecondItem RootItem DrawerControl DrawerDragDrop DrawerRows ItemChangeControllor TreeListFrame RowMetrics RowSlot RowRealiser)
+set(layer_3 SecondItem RootItem DrawerControl DrawerDragDrop DrawerRows ItemChangeControllor TreeListFrame RowMetrics RowSlot RowRealiser
+            RowReplay)
 set(layer_4 ShownRows KeyboardNavigator SelectionAnnouncer AccessibleRows RowAccessible TreeListAccessible)
 set(layer_5 SignalTreeList)
 set(layers 0 1 2 3 4 5)

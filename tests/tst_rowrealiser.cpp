@@ -77,7 +77,9 @@ st_NodeInfoSignal record(const QString &name, int type = 1)
 class Twin
 {
 public:
-    Twin(int roots, int rows)
+    // A room of @p roots groups of @p rows signals, every group open
+    // unless @p open is false.
+    Twin(int roots, int rows, bool open = true)
     {
         for (Side *side : {&reference, &shipped}) {
             side->atOnce = side == &reference;
@@ -92,14 +94,14 @@ public:
             side->recorder.reset(new HostRecorder(side->list));
             side->window->show();
         }
-        apply([roots, rows](Side &side) {
+        apply([roots, rows, open](Side &side) {
             for (int r = 0; r < roots; ++r) {
                 st_NodeInfoSignal root = record(QStringLiteral("Room %1").arg(r), r % 2);
                 QList<st_NodeInfoSignal> children;
                 for (int c = 0; c < rows; ++c)
                     children << record(QStringLiteral("Room %1 input %2").arg(r).arg(c), 1 + c % 5);
                 side.list->addRootItem(root, children);
-                side.list->setIsShowChildItem(r, true);
+                side.list->setIsShowChildItem(r, open);
             }
         });
     }
@@ -251,6 +253,76 @@ private slots:
             }
         }
         QVERIFY(gone > 0);
+    }
+
+    void groupsOpenedAsTheyFill_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("rows added to a closed group, opened in the same turn") << QStringLiteral("add and open");
+        QTest::newRow("a closed group opened later") << QStringLiteral("open later");
+        QTest::newRow("renamed while closed, then opened") << QStringLiteral("rename");
+        QTest::newRow("a group added open") << QStringLiteral("new open group");
+        QTest::newRow("rows selected, then opened in the same turn") << QStringLiteral("select and open");
+    }
+
+    void groupsOpenedAsTheyFill()
+    {
+        // Rows of a group that opens are built parked, as the widgets they
+        // would have been once shown. Under these sheets a polished row's
+        // lines take a smaller font: the lower name is shortened with the
+        // font a row has before its polish and fits with the one after.
+        QFETCH(QString, how);
+        const QString dark = TestSheets::read(QStringLiteral(DARK_STYLE_SHEET));
+        QVERIFY(!dark.isEmpty());
+        qApp->setStyleSheet(dark + TestSheets::stateRules());
+        Twin twin(6, 3, false);
+        QVERIFY(twin.exposed());
+        const auto rows = [](int root) {
+            QList<st_NodeInfoSignal> list;
+            for (int c = 0; c < 40; ++c) {
+                list << record(QStringLiteral("Room %1 input %2").arg(root).arg(c), 1 + c % 5);
+                // Shortened with either font, or with the larger one only.
+                list.last().strNodeName[1] = c % 3 == 0 ? QStringLiteral("3840x2160@60 HDR 10 bit, 4:4:4, from the left camera")
+                                                        : QStringLiteral("3840x2160@60 HDR 10 bit");
+                // Some with one name line: a line that never shows is never polished.
+                if (c % 4 == 1)
+                    list.last().strNodeName.removeLast();
+            }
+            return list;
+        };
+        twin.apply([&](Side &side) {
+            if (how == QLatin1String("new open group")) {
+                st_NodeInfoSignal root = record(QStringLiteral("Room 6"));
+                side.list->addRootItem(root, rows(6));
+                side.list->setIsShowChildItem(6, true);
+                return;
+            }
+            side.list->addChildItem(QList<int>{2}, rows(2));
+            if (how == QLatin1String("select and open"))
+                side.list->setCurSelItem(QList<int>{2, 4});
+            if (how == QLatin1String("add and open") || how == QLatin1String("select and open"))
+                side.list->setIsShowChildItem(2, true);
+        });
+        if (how == QLatin1String("rename")) {
+            // Child 6 of every group gets one short name, fitted with the
+            // fonts of a polished row; its lower line stays as it was.
+            twin.apply([](Side &side) {
+                st_NodeInfoSignal renamed = record(QStringLiteral("Renamed"));
+                renamed.strNodeName.removeLast();
+                side.list->modifyItemData(QList<int>{0, 6}, renamed);
+            });
+        }
+        if (how == QLatin1String("open later") || how == QLatin1String("rename"))
+            twin.apply([](Side &side) { side.list->setIsShowChildItem(2, true); });
+        QVERIFY(twin.shipped.widgets() < twin.shipped.rows());
+        // A wider window resizes every row, and rows fit their lines again
+        // with the fonts they have, parked or not.
+        twin.apply([](Side &side) { side.window->resize(side.window->width() + 60, side.window->height()); });
+        for (int percent : {0, 100, 40}) {
+            twin.scrollTo(percent);
+            const QString difference = twin.difference();
+            QVERIFY2(difference.isEmpty(), qPrintable(QStringLiteral("at %1 %: ").arg(percent) + difference));
+        }
     }
 
     void scrollingWhileTheHostEdits_data()
