@@ -11,7 +11,7 @@
 #include <QScrollBar>
 #include <QTimerEvent>
 
-bool RowRealiser::s_bParking = false;
+bool RowRealiser::s_bParking = true;
 
 void RowRealiser::setParking(bool on)
 {

@@ -39,8 +39,8 @@ public:
     /// A pass now.
     void pass(Moment moment = Settled);
 
-    /// Whether rows off screen are parked at all. Off for now: making rows
-    /// again is too slow for paging (see the README); tests turn it on.
+    /// Whether rows off screen are parked at all (on; tests of the list of
+    /// widgets it replaces turn it off).
     static void setParking(bool on);
     static bool parking();
 
