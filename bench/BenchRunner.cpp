@@ -168,6 +168,18 @@ Q_NEVER_INLINE qint64 BenchRunner::opFirstPaintCollapsed(BenchSubject &subject)
     return now() - t0;
 }
 
+Q_NEVER_INLINE qint64 BenchRunner::opFirstPaintOpen(BenchSubject &subject)
+{
+    const qint64 t0 = now();
+    subject.createEmpty();
+    subject.fillBulk(m_content);
+    subject.setAllExpanded(true);
+    subject.showAndExpose();
+    subject.window()->repaint();
+    BenchSubject::drainEvents();
+    return now() - t0;
+}
+
 Q_NEVER_INLINE qint64 BenchRunner::opExpand(BenchSubject &subject, int root)
 {
     const qint64 t0 = now();
@@ -323,6 +335,37 @@ void BenchRunner::runRoom(const QString &subjectKey, int reps)
         }
         record(subjectKey, QStringLiteral("room-expand-one"), opExpand(*subject, middle));
         record(subjectKey, QStringLiteral("room-expand-all"), opExpandAll(*subject));
+        subject.reset();
+        BenchSubject::drainEvents();
+    }
+    printResults();
+}
+
+void BenchRunner::runOpenRoom(const QString &subjectKey, int reps)
+{
+    m_subjects = QStringList{subjectKey};
+    for (int rep = 0; rep < reps; ++rep) {
+        std::unique_ptr<BenchSubject> subject = createSubject(subjectKey);
+        if (!subject)
+            return;
+        record(subjectKey, QStringLiteral("open-first-paint"), opFirstPaintOpen(*subject));
+        if (rep == 0) {
+            m_out << "ROOMRSS\t" << m_content.sizeText() << '\t' << m_style << '\t' << subjectKey << '\t'
+                  << BenchSubject::residentKiB() << '\n';
+        }
+        // A page down as a key press does it: the scroll and its paint,
+        // then whatever the design does once the event loop is idle.
+        QScrollBar *bar = subject->scrollBar();
+        QWidget *viewport = subject->scrollViewport();
+        while (bar && viewport && bar->value() < bar->maximum()) {
+            const qint64 t0 = now();
+            bar->setValue(std::min(bar->value() + bar->pageStep(), bar->maximum()));
+            viewport->repaint();
+            const qint64 t1 = now();
+            BenchSubject::drainEvents();
+            record(subjectKey, QStringLiteral("page"), t1 - t0);
+            record(subjectKey, QStringLiteral("page-idle"), now() - t1);
+        }
         subject.reset();
         BenchSubject::drainEvents();
     }

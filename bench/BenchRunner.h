@@ -55,6 +55,14 @@ public:
     /// prints the resident set right after the first repetition's first
     /// paint ("ROOMRSS", kB): run one process per design and look.
     void runRoom(const QString &subjectKey, int reps);
+    /// The room with every group open. Per repetition, on a fresh design:
+    /// the first paint (fill, open every group, show, painted;
+    /// "open-first-paint"), then paging down through the room, one page
+    /// step at a time: the scroll to its paint ("page", every page a
+    /// sample) and the work the design does once idle after it
+    /// ("page-idle"). Prints the resident set after the first paint of the
+    /// first repetition ("ROOMRSS", kB).
+    void runOpenRoom(const QString &subjectKey, int reps);
     /// Builds, shows and scrolls through one design, then prints the peak
     /// resident set size of the process (one process per case).
     void runMemory(const QString &subjectKey);
@@ -66,6 +74,7 @@ public:
     qint64 opClick(BenchSubject &subject, int child, qint64 *toSignal);
     qint64 opCollapseExpand(BenchSubject &subject);
     qint64 opFirstPaintCollapsed(BenchSubject &subject);
+    qint64 opFirstPaintOpen(BenchSubject &subject);
     qint64 opExpand(BenchSubject &subject, int root);
     qint64 opExpandAll(BenchSubject &subject);
     qint64 opUpdateFromMap(BenchSubject &subject);

@@ -9,6 +9,7 @@
 //          [--subjects stl,tree,treewidgets,floor] [--ops build,show,...]
 //   --case memory --size 256x16 --look none|sheet --subject floor
 //   --case live --size 1024x16 --look none|sheet [--reps ROUNDS]
+//   --case open-room --size 1024x16 --look none|sheet --subject KEY [--reps N]
 //          (the live control room: a poller flips every signal each round)
 //   --case report FILE...      (Markdown tables from the lines printed above)
 //
@@ -54,6 +55,7 @@ int usage()
                  "       signaltreelist_bench --case memory --size RxC --look none|sheet --subject KEY\n"
                  "       signaltreelist_bench --case room --size RxC --look none|sheet --subject KEY [--reps N]\n"
                  "       signaltreelist_bench --case live --size RxC --look none|sheet [--reps ROUNDS]\n"
+                 "       signaltreelist_bench --case open-room --size RxC --look none|sheet --subject KEY [--reps N]\n"
                  "                            [--clock cpu|wall]\n"
                  "       signaltreelist_bench --case report FILE...\n");
     return 2;
@@ -106,8 +108,9 @@ int main(int argc, char **argv)
         report.write(out);
         return 0;
     }
+    const bool openRoom = mode == QLatin1String("open-room");
     if (mode != QLatin1String("timing") && mode != QLatin1String("memory") && mode != QLatin1String("room")
-        && mode != QLatin1String("live"))
+        && mode != QLatin1String("live") && !openRoom)
         return usage();
 
     int roots = 0;
@@ -148,11 +151,13 @@ int main(int argc, char **argv)
     if (!subjects.isEmpty())
         runner.setSubjects(subjects);
     runner.setOperations(ops);
-    if (mode == QLatin1String("memory") || mode == QLatin1String("room")) {
+    if (mode == QLatin1String("memory") || mode == QLatin1String("room") || openRoom) {
         if (!BenchRunner::subjectKeys().contains(subject))
             return usage();
         if (mode == QLatin1String("room"))
             runner.runRoom(subject, reps);
+        else if (openRoom)
+            runner.runOpenRoom(subject, reps);
         else
             runner.runMemory(subject);
     } else {

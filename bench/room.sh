@@ -12,7 +12,12 @@
 # group expanded to painted, then every group expanded to painted. Prints
 # the medians (thread CPU time, ms) and the resident set after the first
 # paint (MB) as a Markdown table. SIZES (default "256x16 1024x16"), LOOKS
-# (default "none sheet") and SUBJECTS (default "stl tree") adjust it. The
+# (default "none sheet") and SUBJECTS (default "stl tree") adjust it.
+# Then the same rooms with every group open (OPEN_SIZES, default
+# "128x16 1024x16"; empty for none): first paint with every group open, the
+# resident set after it, and paging down through the room one page at a
+# time: the median and worst page (scroll to painted) and the median work
+# done once idle after a page. The
 # binary defaults to build-bench/bench/signaltreelist_bench (bench/run.sh
 # builds it; configure a Qt 6 one with -DQT_MAJOR_VERSION=6).
 set -euo pipefail
@@ -36,6 +41,23 @@ for size in $sizes; do
             rss=$(echo "$out" | awk '$1 == "ROOMRSS" { printf "%.0f", $5 / 1024 }')
             name=$([ "$subject" = stl ] && echo SignalTreeList || echo "QTreeWidget items")
             echo "| $size | $look | $name | $(ms "$(value room-first-paint)") | $rss | $(ms "$(value room-expand-one)") | $(ms "$(value room-expand-all)") |"
+        done
+    done
+done
+
+open_sizes=${OPEN_SIZES-"128x16 1024x16"}
+[ -n "$open_sizes" ] || exit 0
+echo
+echo "| size, every group open | look | design | first paint (ms) | resident after it (MB) | page, median (ms) | page, worst (ms) | idle after a page, median (ms) |"
+echo "|---|---|---|---|---|---|---|---|"
+for size in $open_sizes; do
+    for look in $looks; do
+        for subject in $subjects; do
+            out=$("$bench" --case open-room --size "$size" --look "$look" --subject "$subject" --reps "$reps" 2>/dev/null)
+            column() { echo "$out" | awk -v op="$1" -v col="$2" '$1 == "RESULT" && $5 == op { print $col }'; }
+            rss=$(echo "$out" | awk '$1 == "ROOMRSS" { printf "%.0f", $5 / 1024 }')
+            name=$([ "$subject" = stl ] && echo SignalTreeList || echo "QTreeWidget items")
+            echo "| $size | $look | $name | $(ms "$(column open-first-paint 6)") | $rss | $(ms "$(column page 6)") | $(ms "$(column page 8)") | $(ms "$(column page-idle 6)") |"
         done
     done
 done

@@ -286,6 +286,8 @@ private:
     /// The slot of every child row, in row order (rows laid out by slots).
     QVector<RowSlot *> m_lstSlots;
     std::function<void(bool)> m_rowsMoved;
+    /// Parked rows have a new style to fit to (restyleParkedRows()).
+    bool m_bRestylePending = false;
     static bool s_bDeferRows;
 };
 

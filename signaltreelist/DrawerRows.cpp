@@ -126,11 +126,14 @@ void DrawerControl::placeRows(const QRect &realise, const QRect &keep, bool show
         return;
     park = park && QGuiApplication::mouseButtons() == Qt::NoButton;
     // A new style has reached everything by now: parked rows fit to it.
-    bool restyled = false;
-    for (RowSlot *pSlot : qAsConst(m_lstSlots))
-        restyled = pSlot->applyRestyle() || restyled;
-    if (restyled)
-        m_pChildLayout->invalidate();
+    if (m_bRestylePending) {
+        m_bRestylePending = false;
+        bool restyled = false;
+        for (RowSlot *pSlot : qAsConst(m_lstSlots))
+            restyled = pSlot->applyRestyle() || restyled;
+        if (restyled)
+            m_pChildLayout->invalidate();
+    }
     for (int i = 0; i < m_lstSecondItem.size(); ++i) {
         const RowSlot *pSlot = m_lstSlots.at(i);
         if (!pSlot->laidOut())
@@ -188,6 +191,7 @@ void DrawerControl::restyleParkedRows()
 {
     for (RowSlot *pSlot : qAsConst(m_lstSlots))
         pSlot->restyle();
+    m_bRestylePending = true;
 }
 
 const ChildRowState *DrawerControl::parkedRow(int index) const

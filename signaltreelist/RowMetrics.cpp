@@ -117,12 +117,8 @@ void RowMetrics::ensurePrototypes()
 
 SlotMetrics RowMetrics::child(const ChildLook &look)
 {
-    const QString key = QStringLiteral("%1|%2|%3|%4|%5")
-                            .arg(look.state)
-                            .arg(look.keyFocus)
-                            .arg(look.upperShown)
-                            .arg(look.lowerShown)
-                            .arg(look.lineWidth);
+    // Asked for by every row's slot at every layout: a key without text.
+    const ChildKey key{look.state, quint8(look.keyFocus | look.upperShown << 1 | look.lowerShown << 2), look.lineWidth};
     const auto known = m_children.constFind(key);
     if (known != m_children.constEnd())
         return *known;

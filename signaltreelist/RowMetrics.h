@@ -106,7 +106,21 @@ private:
     QPointer<DrawerControl> m_pDrawer;
     SecondItem *m_pChild = nullptr;
     QRect m_initial[4];
-    QHash<QString, SlotMetrics> m_children;
+    struct ChildKey
+    {
+        QString state;
+        quint8 flags;
+        int lineWidth;
+        bool operator==(const ChildKey &other) const
+        {
+            return state == other.state && flags == other.flags && lineWidth == other.lineWidth;
+        }
+        friend auto qHash(const ChildKey &key, decltype(qHash(0)) seed = 0) -> decltype(qHash(0))
+        {
+            return qHash(key.state, seed) ^ (uint(key.flags) << 24) ^ uint(key.lineWidth);
+        }
+    };
+    QHash<ChildKey, SlotMetrics> m_children;
     QHash<QString, SlotMetrics> m_roots;
     QHash<QByteArray, QPair<QFont, QFont>> m_fonts;
     QHash<QByteArray, ChildShape> m_shapes;

@@ -96,7 +96,7 @@ bool RowRealiser::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void RowRealiser::pass(Moment moment)
+void RowRealiser::pass(Moment moment, DrawerControl *only)
 {
     QWidget *content = m_pContent;
     const QWidget *viewport = m_pViewport;
@@ -116,7 +116,8 @@ void RowRealiser::pass(Moment moment)
     const QRect keep = viewed.adjusted(0, -2 * page, 0, 2 * page);
     const bool listShown = content->isVisible();
     bool stale = false;
-    for (DrawerControl *drawer : m_drawers()) {
+    const QList<DrawerControl *> drawers = only ? QList<DrawerControl *>{only} : m_drawers();
+    for (DrawerControl *drawer : drawers) {
         QFrame *container = drawer ? drawer->childContainer() : nullptr;
         if (!container || drawer->rowsDeferred() || !content->isAncestorOf(container))
             continue;

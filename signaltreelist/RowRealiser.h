@@ -36,8 +36,8 @@ public:
     /// painted and parks none; once things settled, it makes the rows near
     /// the viewport and parks those far from it.
     enum Moment { Scrolled, Settled };
-    /// A pass now.
-    void pass(Moment moment = Settled);
+    /// A pass now, over every drawer or only over @p only.
+    void pass(Moment moment = Settled, DrawerControl *only = nullptr);
 
     /// Whether rows off screen are parked at all (on; tests of the list of
     /// widgets it replaces turn it off).

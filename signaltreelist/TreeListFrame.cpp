@@ -85,11 +85,12 @@ void TreeListFrame::createDrawerControl(st_NodeInfoSignal rootNode,
 
     DrawerControl *pDrawer = new DrawerControl(m_pDrawerContainer);
     pDrawer->setRowMetrics(m_pRowMetrics.get());
-    pDrawer->setRowsMovedHandler([realiser = m_pRealiser](bool now) {
+    pDrawer->setRowsMovedHandler([realiser = m_pRealiser, pDrawer](bool now) {
         if (!realiser)
             return;
+        // Only this drawer's rows just came on screen.
         if (now)
-            realiser->pass(RowRealiser::Scrolled);
+            realiser->pass(RowRealiser::Scrolled, pDrawer);
         realiser->schedule();
     });
     pDrawer->initRootItem(rootNode.iType == 0 ? 1 : 0, position);

@@ -327,6 +327,35 @@ void DemoWindow::fillFromDataSet()
     updateStatus();
 }
 
+void DemoWindow::fillRoom(int roots, int children, bool open)
+{
+    // A generated control room, one call per board, as a host loading a
+    // large installation would fill it.
+    for (int r = 0; r < roots; ++r) {
+        st_NodeInfoSignal board;
+        board.strNodeName = QStringList{QStringLiteral("Board %1").arg(r + 1)};
+        board.iType = 1;
+        QList<st_NodeInfoSignal> inputs;
+        for (int c = 0; c < children; ++c) {
+            st_NodeInfoSignal input;
+            input.strNodeName = QStringList{QStringLiteral("Board %1 input %2").arg(r + 1).arg(c + 1),
+                                            QStringLiteral("1920x1080@60")};
+            input.iType = c % 5;
+            input.isOnline = (r + c) % 7 != 0;
+            inputs << input;
+        }
+        m_pList->addRootItem(board, inputs);
+        if (open)
+            m_pList->setIsShowChildItem(r, true);
+    }
+    m_iRootCount += roots;
+    logCall(QStringLiteral("addRootItem"), QStringLiteral("%1 boards of %2 inputs%3")
+                                               .arg(roots)
+                                               .arg(children)
+                                               .arg(open ? QStringLiteral(", every board open") : QString()));
+    updateStatus();
+}
+
 // ---- log ----------------------------------------------------------------
 
 QString DemoWindow::pathText(const QList<int> &path)

@@ -41,6 +41,9 @@ public:
     void setEchoToStdout(bool echo);
     /// Fills the list from the embedded data set and expands the first roots.
     void fillFromDataSet();
+    /// Fills the list with a generated room of @p roots boards of
+    /// @p children inputs each, every board open when @p open.
+    void fillRoom(int roots, int children, bool open);
     /// Writes a note line to the log.
     void logNote(const QString &text);
 

@@ -8,6 +8,8 @@
 //   signaltreelist_demo --screenshot FILE     render the window to FILE and exit
 //   signaltreelist_demo --closeups DIR        render row close-ups into DIR and exit
 //   signaltreelist_demo --language de         the library's own texts in German (or fr)
+//   signaltreelist_demo --room 1024x16        a generated room instead of the data set
+//                                             (--closed: every board closed)
 //
 // Both rendering options work headless (QT_QPA_PLATFORM=offscreen).
 
@@ -57,7 +59,15 @@ int main(int argc, char *argv[])
         QStringLiteral("language"),
         QStringLiteral("Hand assistive technology the list's own texts in <code> (de, fr; default English)."),
         QStringLiteral("code"));
-    parser.addOptions({screenshotOption, closeupsOption, scaleOption, styleOption, printLogOption, languageOption});
+    const QCommandLineOption roomOption(
+        QStringLiteral("room"),
+        QStringLiteral("Fill the list with a generated room of <boards>x<inputs>, every board open, "
+                       "instead of the data set."),
+        QStringLiteral("size"));
+    const QCommandLineOption closedOption(QStringLiteral("closed"),
+                                          QStringLiteral("With --room: every board closed."));
+    parser.addOptions({screenshotOption, closeupsOption, scaleOption, styleOption, printLogOption, languageOption,
+                       roomOption, closedOption});
     parser.process(app);
     if (parser.isSet(languageOption) && !SignalTreeList::installTranslations(QLocale(parser.value(languageOption))))
         std::fprintf(stderr, "signaltreelist_demo: no catalogue for \"%s\"; the list stays in English\n",
@@ -104,7 +114,13 @@ int main(int argc, char *argv[])
     window.logNote(QStringLiteral("getItemSignalNode() answers for root 0 only: [0] gives root 0; "
                                   "[0, c] looks at child c under every root (the record of the last "
                                   "root that has one; true when some root lacks it)."));
-    window.fillFromDataSet();
+    const QStringList room = parser.value(roomOption).split(QLatin1Char('x'));
+    const int boards = room.value(0).toInt();
+    const int inputs = room.value(1).toInt();
+    if (parser.isSet(roomOption) && room.size() == 2 && boards > 0 && inputs >= 0)
+        window.fillRoom(boards, inputs, !parser.isSet(closedOption));
+    else
+        window.fillFromDataSet();
 
     if (parser.isSet(screenshotOption))
         ok = DemoCapture::renderWindow(window, parser.value(screenshotOption)) && ok;
