@@ -686,8 +686,18 @@ void DrawerControl::slot_OnIsShowChildItems(bool bIsShow)
     if (bIsShow && (!mayPark || testAttribute(Qt::WA_WState_Polished)))
         buildRowsAs(parkNow);
     m_bIsShowChild = bIsShow;
-    if (m_pContainer)
+    if (m_pContainer) {
+        // Showing or hiding the rows lays out every layout above at once;
+        // the column of drawers, as long as the list, waits for its own
+        // turn (opening every group would lay it out once per group).
+        QLayout *column = parentWidget() ? parentWidget()->layout() : nullptr;
+        const bool hold = column && column->isEnabled();
+        if (hold)
+            column->setEnabled(false);
         m_pContainer->setVisible(bIsShow);
+        if (hold)
+            column->setEnabled(true);
+    }
     noteRowsMoved(parkNow);
 }
 
