@@ -9,6 +9,7 @@
 #include "DrawerControl.h"
 
 #include "HandlerGuard.h"
+#include "QuietAccessibility.h"
 #include "RowMetrics.h"
 #include "RowRealiser.h"
 #include "RowReplay.h"
@@ -79,6 +80,7 @@ SecondItem *DrawerControl::realiseRow(int index)
         return pItem;
     RowSlot *pSlot = m_lstSlots.at(index);
     pSlot->applyRestyle();
+    const QuietAccessibility quiet;
     const ChildRowState &state = *pSlot->parked();
     auto *pItem = new SecondItem(m_pContainer);
     pItem->initItem(state.rootIndex, state.childIndex);
@@ -113,6 +115,7 @@ bool DrawerControl::parkable(int index) const
 
 void DrawerControl::parkRow(int index)
 {
+    const QuietAccessibility quiet;
     SecondItem *pItem = m_lstSecondItem.at(index);
     m_lstSlots.at(index)->park(std::make_unique<ChildRowState>(pItem->state()), pItem->size());
     m_lstSecondItem[index] = nullptr;

@@ -7,6 +7,7 @@
 
 #include "DrawerControl.h"
 #include "LookHistory.h"
+#include "QuietAccessibility.h"
 #include "RepolishGuard.h"
 #include "RootItem.h"
 #include "SecondItem.h"
@@ -179,6 +180,7 @@ QPair<QFont, QFont> RowMetrics::childFonts(const QByteArray &history)
         return {};
     // A row of its own, made as the drawers make theirs, put through the
     // same changes the same way.
+    const QuietAccessibility quiet;
     SecondItem row(m_pDrawer->childContainer());
     row.initItem(0, 0);
     st_NodeInfoSignal node;

@@ -3,6 +3,7 @@
 
 #include "RowReplay.h"
 
+#include "QuietAccessibility.h"
 #include "RowMetrics.h"
 #include "SecondItem.h"
 
@@ -62,6 +63,7 @@ RowMetrics::ChildShape measure(const PendingRows::Row &row, QWidget *parent)
     RowMetrics::ChildShape shape;
     if (!parent)
         return shape;
+    const QuietAccessibility quiet;
     SecondItem item(parent);
     item.initItem(row.rootIndex, row.childIndex);
     item.traceFits(&shape.fits);

@@ -8,7 +8,7 @@ cmake_minimum_required(VERSION 3.16)
 
 # Lowest first. Helpers any layer may use come first.
 set(layer_0 HandlerGuard RepolishGuard LayoutInstall QtCompat StyleConstants TabChain Translations
-            SignalTreeList_p)
+            SignalTreeList_p QuietAccessibility)
 set(layer_1 st_NodeInfoSignal NodeInfoTrace TreeListModel ButtonFlags PendingRows ChildRowState LookHistory TextFit RowTexts
             TreeListObserver)
 set(layer_2 LayoutSlots TreeLayout)

@@ -6,6 +6,8 @@
 // widgets, and compares what a host and a user see of both: signals, the
 // rows on screen, the scroll range, the accessibility tree, the picture.
 
+#include "AccessibleHost.h"
+#include "AccessibleRows.h"
 #include "BuiltRows.h"
 #include "DrawerControl.h"
 #include "EventSender.h"
@@ -183,6 +185,40 @@ QString rowsOnScreenAreWidgets(const Side &side)
     }
     return QString();
 }
+
+// While alive, notes every accessibility event about an object inside a
+// row widget other than the row itself (as "NameChanged QLabel").
+class WidgetNews
+{
+public:
+    explicit WidgetNews(QStringList *heard)
+    {
+        s_heard = heard;
+        m_previous = QAccessible::installUpdateHandler(&WidgetNews::handle);
+    }
+    ~WidgetNews()
+    {
+        QAccessible::installUpdateHandler(m_previous);
+        s_heard = nullptr;
+    }
+
+private:
+    static void handle(QAccessibleEvent *event)
+    {
+        if (!s_heard || AccessibleRows::rowOf(event->accessibleInterface()).exists())
+            return;
+        for (QObject *o = event->object(); o; o = o->parent()) {
+            if (qobject_cast<SecondItem *>(o)) {
+                *s_heard << QStringLiteral("%1 %2").arg(int(event->type())).arg(QLatin1String(event->object()->metaObject()->className()));
+                return;
+            }
+        }
+    }
+    static QStringList *s_heard;
+    QAccessible::UpdateHandler m_previous;
+};
+
+QStringList *WidgetNews::s_heard = nullptr;
 
 } // namespace
 
@@ -487,6 +523,30 @@ private slots:
         QCOMPARE(twin.shipped.recorder->events, QStringList{QStringLiteral("CurrentItemClicked(25,2)")});
         const QString difference = twin.difference();
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
+    }
+
+    void pagingTellsAssistiveTechnologyOnlyOfRows()
+    {
+        // Rows made and parked as the list scrolls are the same rows to a
+        // screen reader: the widgets inside them come and go unheard.
+        if (!waitForLiveAccessibility())
+            QSKIP("Qt's accessibility is not active on this platform; the rowrealiser_accessible test runs this");
+        Twin twin(30, 8);
+        QVERIFY(twin.exposed());
+        QScrollBar *bar = twin.shipped.bar();
+        const int before = twin.shipped.widgets();
+        QStringList heard;
+        {
+            const WidgetNews news(&heard);
+            for (int page = 0; page < 12; ++page) {
+                bar->setValue(bar->value() + bar->pageStep());
+                settle();
+            }
+        }
+        QVERIFY(bar->value() > 0);
+        QVERIFY2(heard.isEmpty(), qPrintable(heard.mid(0, 5).join(QStringLiteral("; "))));
+        // Rows were made and parked on the way.
+        QVERIFY(twin.shipped.drawer(0)->realisedRows() < before);
     }
 
     void hostDeletesTheRowItHearsOfWhileScrolling()

@@ -153,17 +153,6 @@ void tst_TreeListAccessible::focusChildIsTheKeyboardFocusRow()
 namespace {
 
 // Waits once for the platform to turn accessibility on.
-bool waitForLiveAccessibility()
-{
-    static bool waited = false;
-    QElapsedTimer wait;
-    wait.start();
-    while (!waited && !QAccessible::isActive() && wait.elapsed() < 1000)
-        QTest::qWait(20);
-    waited = true;
-    return QAccessible::isActive();
-}
-
 // A row's selection change as assistive technology hears it.
 QStringList selected(const QString &row)
 {

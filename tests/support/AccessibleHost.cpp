@@ -10,6 +10,7 @@
 #include "SignalTreeList.h"
 #include "TreeListFrame.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 TreeListFrame *AccessibleHost::frame() const
@@ -103,4 +104,15 @@ void AccessibleEvents::handle(QAccessibleEvent *event)
     if (!type)
         return; // Qt's own (shown, hidden, created...): not the library's to raise
     s_current->events << QStringLiteral("%1 %2").arg(QLatin1String(type), name);
+}
+
+bool waitForLiveAccessibility()
+{
+    static bool waited = false;
+    QElapsedTimer wait;
+    wait.start();
+    while (!waited && !QAccessible::isActive() && wait.elapsed() < 1000)
+        QTest::qWait(20);
+    waited = true;
+    return QAccessible::isActive();
 }

@@ -50,3 +50,8 @@ private:
     static AccessibleEvents *s_current;
     QAccessible::UpdateHandler m_previous;
 };
+
+// Whether Qt's accessibility is live (it is under Xvfb with an AT-SPI bus,
+// tests/with_a11y_bus.sh; not on the offscreen platform), after giving the
+// bridge a moment to come up the first time.
+bool waitForLiveAccessibility();
