@@ -107,54 +107,6 @@ struct DndScene
     QWindow *windowHandle() const { return window->windowHandle(); }
 };
 
-// A point of @p drawer (drawer coordinates) in the middle of child row @p i.
-QPoint rowCentre(DrawerControl *drawer, int i)
-{
-    SecondItem *row = builtRows(drawer).at(i);
-    return row->mapTo(drawer, row->rect().center());
-}
-
-QPoint rootCentre(DrawerControl *drawer)
-{
-    return drawer->rootItem()->mapTo(drawer, drawer->rootItem()->rect().center());
-}
-
-// The drawer-coordinate rectangle of every child row.
-QList<QRect> rowRects(DrawerControl *drawer)
-{
-    QList<QRect> rects;
-    const auto rows = builtRows(drawer);
-    for (SecondItem *row : rows)
-        rects << QRect(row->mapTo(drawer, QPoint(0, 0)), row->size());
-    return rects;
-}
-
-bool onAnyRow(DrawerControl *drawer, const QPoint &p)
-{
-    const auto rects = rowRects(drawer);
-    for (const QRect &r : rects) {
-        if (r.contains(p))
-            return true;
-    }
-    return false;
-}
-
-// A point between child rows @p i and @p i + 1, left part of the rows.
-QPoint gapBelowRow(DrawerControl *drawer, int i)
-{
-    const QList<QRect> rects = rowRects(drawer);
-    const int y = (rects.at(i).bottom() + rects.at(i + 1).top()) / 2 + 1;
-    return QPoint(rects.at(i).left() + 20, y);
-}
-
-// A point in the container's left margin, beside child row @p i.
-QPoint marginBesideRow(DrawerControl *drawer, int i)
-{
-    const QPoint centre = rowCentre(drawer, i);
-    const int containerLeft = drawer->childContainer()->mapTo(drawer, QPoint(0, 0)).x();
-    return QPoint(containerLeft + 12, centre.y());
-}
-
 using DragDriver::moveAndRelease;
 
 // Ends a running drag with a release far away from every window (no drop).
@@ -202,57 +154,6 @@ DragOutcome dragGesture(DrawerControl *source, const QPoint &pressPos, const QPo
     sendMouseAt(source, QEvent::MouseButtonPress, pressPos, Qt::LeftButton, Qt::LeftButton);
     sendMouseAt(source, QEvent::MouseMove, movePos, Qt::NoButton, Qt::LeftButton);
     return out;
-}
-
-// A drag from @p source that carries @p text and a 10 x 10 black picture,
-// not started yet.
-QDrag *textDrag(QObject *source, const QString &text)
-{
-    auto *drag = new QDrag(source);
-    auto *mime = new QMimeData;
-    mime->setText(text);
-    drag->setMimeData(mime);
-    QPixmap pm(10, 10);
-    pm.fill(Qt::black);
-    drag->setPixmap(pm);
-    return drag;
-}
-
-// Runs @p drag as a move and releases it at @p global over @p window from a
-// timer armed before the drag starts; *ran tells whether that timer fired.
-Qt::DropAction execReleasedAt(QDrag *drag, QWindow *window, const QPoint &global, bool *ran)
-{
-    QObject guard; // dropping it cancels the timer when no drag ran
-    QTimer::singleShot(0, &guard, [&] {
-        *ran = true;
-        moveAndRelease(window, global);
-    });
-    return drag->exec(Qt::MoveAction);
-}
-
-// The drag picture as the drawer is to paint it, built here independently:
-// at a screen ratio above 1 the picture is drawn scaled into a pixmap of that
-// ratio and the caption painted over it.
-QImage expectedDragImage(const QString &caption, qreal ratio = 1.0)
-{
-    QPixmap picture(QStringLiteral(":/rootitem/resource/rootitem/rootitem_drag_tip_new.png"));
-    if (ratio > 1.0) {
-        QPixmap sharp(picture.size() * ratio);
-        sharp.setDevicePixelRatio(ratio);
-        sharp.fill(Qt::transparent);
-        QPainter scaler(&sharp);
-        scaler.setRenderHint(QPainter::SmoothPixmapTransform);
-        scaler.drawPixmap(QRectF(0, 0, picture.width(), picture.height()), picture, QRectF(picture.rect()));
-        scaler.end();
-        picture = sharp;
-    }
-    QPainter painter(&picture);
-    painter.setFont(QFont(QStringLiteral("Arial"), 9, QFont::Normal, false)); // weight 50 on Qt 5
-    painter.setPen(QPen(QBrush(Qt::white, Qt::SolidPattern), 1.0, Qt::SolidLine, Qt::SquareCap,
-                        Qt::BevelJoin));
-    painter.drawText(QRectF(25.0, 7.0, 100.0, 18.0), caption, QTextOption());
-    painter.end();
-    return picture.toImage();
 }
 
 } // namespace

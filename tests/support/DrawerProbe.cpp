@@ -4,17 +4,28 @@
 #include "DrawerProbe.h"
 
 #include "BuiltRows.h"
+#include "DragDriver.h"
 #include "DrawerControl.h"
 #include "MessageCapture.h"
 #include "NodeFactory.h"
+#include "RootItem.h"
 #include "SecondItem.h"
 
 #include <QCoreApplication>
+#include <QDrag>
+#include <QImage>
+#include <QMimeData>
+#include <QPainter>
+#include <QPixmap>
+#include <QTimer>
+#include <QWindow>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QWidget>
 
 namespace DrawerProbe {
+
+using DragDriver::moveAndRelease;
 
 st_NodeInfoSignal makeNode(const QStringList &names, const QString &source, int type)
 {
@@ -109,6 +120,94 @@ void askForFonts()
 {
     if (qgetenv("QT_QPA_PLATFORM") == "minimal")
         qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
+}
+
+QPoint rowCentre(DrawerControl *drawer, int i)
+{
+    SecondItem *row = builtRows(drawer).at(i);
+    return row->mapTo(drawer, row->rect().center());
+}
+
+QPoint rootCentre(DrawerControl *drawer)
+{
+    return drawer->rootItem()->mapTo(drawer, drawer->rootItem()->rect().center());
+}
+
+QList<QRect> rowRects(DrawerControl *drawer)
+{
+    QList<QRect> rects;
+    const auto rows = builtRows(drawer);
+    for (SecondItem *row : rows)
+        rects << QRect(row->mapTo(drawer, QPoint(0, 0)), row->size());
+    return rects;
+}
+
+bool onAnyRow(DrawerControl *drawer, const QPoint &p)
+{
+    const auto rects = rowRects(drawer);
+    for (const QRect &r : rects) {
+        if (r.contains(p))
+            return true;
+    }
+    return false;
+}
+
+QPoint gapBelowRow(DrawerControl *drawer, int i)
+{
+    const QList<QRect> rects = rowRects(drawer);
+    const int y = (rects.at(i).bottom() + rects.at(i + 1).top()) / 2 + 1;
+    return QPoint(rects.at(i).left() + 20, y);
+}
+
+QPoint marginBesideRow(DrawerControl *drawer, int i)
+{
+    const QPoint centre = rowCentre(drawer, i);
+    const int containerLeft = drawer->childContainer()->mapTo(drawer, QPoint(0, 0)).x();
+    return QPoint(containerLeft + 12, centre.y());
+}
+
+QDrag *textDrag(QObject *source, const QString &text)
+{
+    auto *drag = new QDrag(source);
+    auto *mime = new QMimeData;
+    mime->setText(text);
+    drag->setMimeData(mime);
+    QPixmap pm(10, 10);
+    pm.fill(Qt::black);
+    drag->setPixmap(pm);
+    return drag;
+}
+
+Qt::DropAction execReleasedAt(QDrag *drag, QWindow *window, const QPoint &global, bool *ran)
+{
+    QObject guard; // dropping it cancels the timer when no drag ran
+    QTimer::singleShot(0, &guard, [&] {
+        *ran = true;
+        moveAndRelease(window, global);
+    });
+    return drag->exec(Qt::MoveAction);
+}
+
+QImage expectedDragImage(const QString &caption, qreal ratio)
+{
+    QPixmap picture(QStringLiteral(":/rootitem/resource/rootitem/rootitem_drag_tip_new.png"));
+    if (ratio > 1.0) {
+        QPixmap sharp(picture.size() * ratio);
+        sharp.setDevicePixelRatio(ratio);
+        sharp.fill(Qt::transparent);
+        QPainter scaler(&sharp);
+        scaler.setRenderHint(QPainter::SmoothPixmapTransform);
+        scaler.drawPixmap(QRectF(0, 0, picture.width(), picture.height()), picture, QRectF(picture.rect()));
+        scaler.end();
+        picture = sharp;
+    }
+    QPainter painter(&picture);
+    painter.setFont(QFont(QStringLiteral("Arial"), 9, QFont::Normal, false)); // weight 50 on Qt 5
+    painter.setPen(QPen(QBrush(Qt::white, Qt::SolidPattern), 1.0, Qt::SolidLine, Qt::SquareCap,
+                        Qt::BevelJoin));
+    painter.drawText(QRectF(25.0, 7.0, 100.0, 18.0), caption, QTextOption());
+    painter.end();
+    return picture.toImage();
 }
 
 } // namespace DrawerProbe

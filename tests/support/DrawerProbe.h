@@ -10,7 +10,14 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <Qt>
+
 class DrawerControl;
+class QDrag;
+class QImage;
+class QPoint;
+class QRect;
+class QWindow;
 class MessageCapture;
 class QObject;
 class QWidget;
@@ -45,6 +52,28 @@ QStringList drawerLines(const MessageCapture &log);
 QList<int> intsOf(const QVariant &v);
 // Whether QDrag::exec really runs (the minimal platform's in-process drag).
 bool realDragAvailable();
+
+// A point of @p drawer (drawer coordinates) in the middle of child row @p i.
+QPoint rowCentre(DrawerControl *drawer, int i);
+QPoint rootCentre(DrawerControl *drawer);
+// The drawer-coordinate rectangle of every child row.
+QList<QRect> rowRects(DrawerControl *drawer);
+bool onAnyRow(DrawerControl *drawer, const QPoint &p);
+// A point between child rows @p i and @p i + 1, left part of the rows.
+QPoint gapBelowRow(DrawerControl *drawer, int i);
+// A point in the container's left margin, beside child row @p i.
+QPoint marginBesideRow(DrawerControl *drawer, int i);
+
+// A drag from @p source that carries @p text and a 10 x 10 black picture,
+// not started yet.
+QDrag *textDrag(QObject *source, const QString &text);
+// Runs @p drag as a move and releases it at @p global over @p window from a
+// timer armed before the drag starts; *ran tells whether that timer fired.
+Qt::DropAction execReleasedAt(QDrag *drag, QWindow *window, const QPoint &global, bool *ran);
+// The drag picture as the drawer is to paint it, built here independently:
+// at a screen ratio above 1 the picture is drawn scaled into a pixmap of that
+// ratio and the caption painted over it.
+QImage expectedDragImage(const QString &caption, qreal ratio = 1.0);
 
 // The minimal platform registers no fonts unless asked to; the drag caption
 // is compared glyph for glyph and row texts are measured, so ask for the
