@@ -46,8 +46,6 @@
 namespace {
 
 using namespace FrameHost;
-using TreeText::childNames;
-using TreeText::pathText;
 using TreeText::rootName;
 using TreeText::snapshot;
 
