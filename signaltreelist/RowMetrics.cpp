@@ -6,13 +6,11 @@
 #include "ChildRowState.h"
 
 #include "DrawerControl.h"
-#include "LookHistory.h"
 #include "QuietAccessibility.h"
 #include "RepolishGuard.h"
 #include "RootItem.h"
 #include "SecondItem.h"
 
-#include <QCoreApplication>
 #include <QFrame>
 #include <QStyle>
 #include <QLabel>
@@ -187,35 +185,7 @@ QPair<QFont, QFont> RowMetrics::childFonts(const QByteArray &history)
     node.strNodeName = QStringList{QStringLiteral("x"), QStringLiteral("x")};
     row.setNodeInfo(node);
     row.setPressed(false);
-    for (const char event : history) {
-        switch (LookHistory::Event(event)) {
-        case LookHistory::Polish:
-            row.ensurePolished();
-            break;
-        case LookHistory::UpperPolish:
-            row.findChild<QLabel *>(QStringLiteral("m_qlUpper"))->ensurePolished();
-            break;
-        case LookHistory::LowerPolish:
-            row.findChild<QLabel *>(QStringLiteral("m_qlDown"))->ensurePolished();
-            break;
-        case LookHistory::Press:
-        case LookHistory::Release:
-            row.setPressed(event == LookHistory::Press);
-            break;
-        case LookHistory::Enter:
-        case LookHistory::Leave: {
-            QEvent crossing(event == LookHistory::Enter ? QEvent::Enter : QEvent::Leave);
-            QCoreApplication::sendEvent(&row, &crossing);
-            break;
-        }
-        case LookHistory::FocusOn:
-        case LookHistory::FocusOff:
-            row.setProperty("isKeyFocus", event == LookHistory::FocusOn);
-            row.style()->unpolish(&row);
-            row.style()->polish(&row);
-            break;
-        }
-    }
+    row.goThrough(history);
     const auto *upper = row.findChild<QLabel *>(QStringLiteral("m_qlUpper"));
     const auto *lower = row.findChild<QLabel *>(QStringLiteral("m_qlDown"));
     const QPair<QFont, QFont> fonts(upper ? upper->font() : QFont(), lower ? lower->font() : QFont());

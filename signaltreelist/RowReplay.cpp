@@ -31,6 +31,9 @@ void replay(SecondItem *item, const PendingRows::Row &row)
         item->setToolTip(row.toolTip);
 }
 
+namespace {
+
+// The name of @p row's shape.
 QByteArray shapeOf(const PendingRows::Row &row)
 {
     QByteArray shape;
@@ -53,8 +56,6 @@ QByteArray shapeOf(const PendingRows::Row &row)
     shape += char('0' + (row.unpolishedPress + 1));
     return shape;
 }
-
-namespace {
 
 // A row of @p row's shape made under @p parent and shown as its container
 // would show it (showing a row polishes it and its lines).

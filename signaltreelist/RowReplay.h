@@ -9,7 +9,6 @@
 #include "ChildRowState.h"
 #include "PendingRows.h"
 
-#include <QByteArray>
 #include <QSize>
 
 class RowMetrics;
@@ -40,9 +39,6 @@ void replay(SecondItem *item, const PendingRows::Row &row);
 /// there are no prototypes to measure on.
 bool shownState(RowMetrics &metrics, const PendingRows::Row &row, qreal ratio, ChildRowState &state,
                 QSize &size);
-
-/// The name of @p row's shape.
-QByteArray shapeOf(const PendingRows::Row &row);
 
 } // namespace RowReplay
 

@@ -383,7 +383,39 @@ void SecondItem::restoreState(const ChildRowState &state)
     if (!m_strIconPath.isEmpty())
         m_qlIcon->setPixmap(signalPicture(m_strIconPath, m_rIconRatio));
     // The fonts: the same changes of look and polishes, in the same order.
-    for (const char event : state.history.events()) {
+    goThrough(state.history.events());
+    m_bIsPressed = state.pressed;
+    setProperty("isSecondItem", state.look);
+    m_qlUpper->setProperty("isUpOnline", state.upperOnline);
+    m_guardSelf.repolish(this);
+    m_guardUpper.repolish(m_qlUpper);
+    // Shown only now: showing a line polishes it.
+    m_qlUpper->setVisible(state.lineShown[0]);
+    m_qlDown->setVisible(state.lineShown[1]);
+
+    // The lines as they were fitted, with the fonts of that moment.
+    QLabel *const labels[2] = {m_qlUpper, m_qlDown};
+    for (int i = 0; i < 2; ++i) {
+        labels[i]->setText(state.lines.shown[i]);
+        if (state.lines.width[i] >= 0)
+            labels[i]->setFixedWidth(state.lines.width[i]);
+    }
+    setToolTip(state.toolTip);
+    // The hover buttons as the last hover left them, placed for the width
+    // the row had then.
+    QToolButton *const buttons[4] = {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn};
+    for (int i = 0; i < 4; ++i)
+        buttons[i]->setVisible(state.buttonShown[i]);
+    if (state.buttonFrameShown)
+        m_qfBtns->setGeometry(state.buttonFrame);
+    m_qfBtns->setVisible(state.buttonFrameShown);
+}
+
+void SecondItem::goThrough(const QByteArray &events)
+{
+    if (!m_qlUpper || !m_qlDown)
+        return;
+    for (const char event : events) {
         switch (LookHistory::Event(event)) {
         case LookHistory::Polish:
             ensurePolished();
@@ -412,31 +444,6 @@ void SecondItem::restoreState(const ChildRowState &state)
             break;
         }
     }
-    m_bIsPressed = state.pressed;
-    setProperty("isSecondItem", state.look);
-    m_qlUpper->setProperty("isUpOnline", state.upperOnline);
-    m_guardSelf.repolish(this);
-    m_guardUpper.repolish(m_qlUpper);
-    // Shown only now: showing a line polishes it.
-    m_qlUpper->setVisible(state.lineShown[0]);
-    m_qlDown->setVisible(state.lineShown[1]);
-
-    // The lines as they were fitted, with the fonts of that moment.
-    QLabel *const labels[2] = {m_qlUpper, m_qlDown};
-    for (int i = 0; i < 2; ++i) {
-        labels[i]->setText(state.lines.shown[i]);
-        if (state.lines.width[i] >= 0)
-            labels[i]->setFixedWidth(state.lines.width[i]);
-    }
-    setToolTip(state.toolTip);
-    // The hover buttons as the last hover left them, placed for the width
-    // the row had then.
-    QToolButton *const buttons[4] = {m_pCaptureBtn, m_pEditBtn, m_pDeleteBtn, m_pFourthBtn};
-    for (int i = 0; i < 4; ++i)
-        buttons[i]->setVisible(state.buttonShown[i]);
-    if (state.buttonFrameShown)
-        m_qfBtns->setGeometry(state.buttonFrame);
-    m_qfBtns->setVisible(state.buttonFrameShown);
 }
 
 void SecondItem::placeRestored(const QRect &rect)

@@ -85,6 +85,10 @@ public:
     /// says: the look history is gone through again (it decides the fonts),
     /// then the lines are shown as they were fitted.
     void restoreState(const ChildRowState &state);
+    /// Goes through the changes of look and polishes @p events names
+    /// (LookHistory::events()), in order, as the row first went through
+    /// them: a new row comes out of it with the same fonts.
+    void goThrough(const QByteArray &events);
     /// Puts a row just made again with restoreState() at @p rect, its
     /// place in the layout: its lines stay as they were fitted for it.
     void placeRestored(const QRect &rect);
